@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Installs every Debian 12 package Pitchlark needs to build, run and test.
+# Safe to run again: it only asks apt for the packages that are missing.
+set -euo pipefail
+
+packages=(
+  # toolchain
+  cmake ninja-build g++ pkg-config clang libclang-rt-14-dev clang-format
+  # Qt 6 and QCoro
+  qt6-base-dev qt6-base-dev-tools qt6-declarative-dev qt6-declarative-dev-tools
+  qt6-svg-dev qt6-httpserver-dev qt6-websockets-dev qt6-5compat-dev qcoro-qt6-dev
+  libgl-dev libvulkan-dev qt6-qpa-plugins
+  qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick
+  qml6-module-qtquick-controls qml6-module-qtquick-templates qml6-module-qtquick-layouts
+  qml6-module-qtquick-window qml6-module-qtquick-shapes qml6-module-qt5compat-graphicaleffects
+  # updates, desktop and tests
+  libsodium-dev dbus-daemon dbus-bin xvfb xauth fonts-noto-color-emoji tzdata
+)
+
+missing=()
+for package in "${packages[@]}"; do
+  if ! dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed'; then
+    missing+=("$package")
+  fi
+done
+
+if [ ${#missing[@]} -eq 0 ]; then
+  exit 0
+fi
+
+echo "Installing: ${missing[*]}"
+sudo_cmd=()
+if [ "$(id -u)" -ne 0 ]; then
+  sudo_cmd=(sudo)
+fi
+export DEBIAN_FRONTEND=noninteractive
+"${sudo_cmd[@]}" apt-get update -q
+"${sudo_cmd[@]}" apt-get install -y -q --no-install-recommends "${missing[@]}"

@@ -1,0 +1,17 @@
+#include "APITeam.h"
+
+#include "FeedDecoding.h"
+
+using FeedDecoding::text;
+
+APITeam APITeam::fromJson(const QJsonObject &object)
+{
+    APITeam team;
+    team.id = FeedDecoding::lossyString(object, QLatin1StringView("id")).value_or(FeedDecoding::randomIdentity());
+    team.nameEn = text(object, QLatin1StringView("name_en"), team.nameEn);
+    team.flag = text(object, QLatin1StringView("flag"), team.flag);
+    team.fifaCode = text(object, QLatin1StringView("fifa_code"), team.fifaCode);
+    team.iso2 = text(object, QLatin1StringView("iso2"), team.iso2);
+    team.groups = text(object, QLatin1StringView("groups"), team.groups);
+    return team;
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+enum class MatchStatus { scheduled, inPlay, halfTime, finished };
+
+// The status as it is stored and shown to QML: "scheduled", "in_play", "half_time", "finished".
+QString rawValue(MatchStatus status);
+std::optional<MatchStatus> matchStatusFromRawValue(const QString &text);
+
+constexpr bool isLive(MatchStatus status)
+{
+    return status == MatchStatus::inPlay || status == MatchStatus::halfTime;
+}

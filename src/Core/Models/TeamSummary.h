@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QMetaType>
+#include <QString>
+#include <QUrl>
+
+struct TeamSummary {
+    Q_GADGET
+    Q_PROPERTY(QString id MEMBER id)
+    Q_PROPERTY(QString name MEMBER name)
+    Q_PROPERTY(QString code MEMBER code)
+    Q_PROPERTY(QUrl flagURL MEMBER flagURL)
+
+public:
+    QString id;
+    QString name;
+    QString code;
+    QUrl flagURL;
+
+    friend bool operator==(const TeamSummary &, const TeamSummary &) = default;
+};
+Q_DECLARE_METATYPE(TeamSummary)
