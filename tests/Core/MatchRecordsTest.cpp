@@ -1,0 +1,235 @@
+#include "Models/Match.h"
+#include "Support/WCFormatters.h"
+
+#include <QTest>
+
+// The texts every screen and the tray label show, and the date and flag helpers behind them.
+class MatchRecordsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void statusTexts_data();
+    void statusTexts();
+    void scoreTexts_data();
+    void scoreTexts();
+    void roundAndVenue_data();
+    void roundAndVenue();
+    void statusRawValues();
+    void flagEmoji_data();
+    void flagEmoji();
+    void parseMatchDate_data();
+    void parseMatchDate();
+    void formattersUseTheirZoneInEnglish_data();
+    void formattersUseTheirZoneInEnglish();
+    void sharedFormattersFollowTZ();
+};
+
+namespace {
+
+Match matchWith(MatchStatus status, std::optional<int> home = {}, std::optional<int> away = {})
+{
+    Match match;
+    match.status = status;
+    match.homeScore = home;
+    match.awayScore = away;
+    match.kickoffLabel = QStringLiteral("19:00");
+    match.homeCode = QStringLiteral("MEX");
+    match.awayCode = QStringLiteral("RSA");
+    return match;
+}
+
+} // namespace
+
+void MatchRecordsTest::statusTexts_data()
+{
+    QTest::addColumn<Match>("match");
+    QTest::addColumn<QString>("compact");
+    QTest::addColumn<QString>("detail");
+
+    Match clock = matchWith(MatchStatus::inPlay, 1, 0);
+    clock.liveClock = QStringLiteral("45'+2'");
+    clock.minute = 452;
+    Match minuteOnly = matchWith(MatchStatus::inPlay, 1, 0);
+    minuteOnly.minute = 45;
+
+    QTest::newRow("scheduled") << matchWith(MatchStatus::scheduled) << "19:00" << "Kickoff 19:00";
+    QTest::newRow("clock wins over minute") << clock << "45'+2'" << "45'+2' elapsed";
+    QTest::newRow("minute only") << minuteOnly << "45'" << "45' elapsed";
+    QTest::newRow("live with nothing") << matchWith(MatchStatus::inPlay) << "LIVE" << "Live now";
+    QTest::newRow("half time") << matchWith(MatchStatus::halfTime, 1, 1) << "HT" << "Half-time";
+    QTest::newRow("finished") << matchWith(MatchStatus::finished, 2, 1) << "FT" << "Full-time";
+}
+
+void MatchRecordsTest::statusTexts()
+{
+    QFETCH(Match, match);
+    QFETCH(QString, compact);
+    QFETCH(QString, detail);
+    QCOMPARE(match.compactStatusLabel(), compact);
+    QCOMPARE(match.kickoffDetailLabel(), detail);
+}
+
+void MatchRecordsTest::scoreTexts_data()
+{
+    QTest::addColumn<Match>("match");
+    QTest::addColumn<QString>("scoreline");
+    QTest::addColumn<QString>("home");
+    QTest::addColumn<QString>("away");
+    QTest::addColumn<QString>("tray");
+
+    Match flags = matchWith(MatchStatus::inPlay, 2, 0);
+    flags.homeFlagEmoji = QStringLiteral("🇲🇽");
+    Match oneFlag = matchWith(MatchStatus::finished, 1, {});
+    oneFlag.awayFlagEmoji = QStringLiteral("🇿🇦");
+
+    QTest::newRow("no scores") << matchWith(MatchStatus::scheduled) << "– – –" << "–" << "–" << "MEX -–- RSA";
+    QTest::newRow("scheduled hides scores") << matchWith(MatchStatus::scheduled, 2, 1) << "2 – 1" << "–" << "–"
+                                            << "MEX 2–1 RSA";
+    QTest::newRow("live with a flag") << flags << "2 – 0" << "2" << "0" << "🇲🇽 2–0 RSA";
+    QTest::newRow("one score missing") << oneFlag << "1 – –" << "1" << "–" << "MEX 1–- 🇿🇦";
+}
+
+void MatchRecordsTest::scoreTexts()
+{
+    QFETCH(Match, match);
+    QFETCH(QString, scoreline);
+    QFETCH(QString, home);
+    QFETCH(QString, away);
+    QFETCH(QString, tray);
+    QCOMPARE(match.scorelineDisplay(), scoreline);
+    QCOMPARE(match.displayHomeScore(), home);
+    QCOMPARE(match.displayAwayScore(), away);
+    QCOMPARE(match.trayMenuBarTitle(), tray);
+}
+
+void MatchRecordsTest::roundAndVenue_data()
+{
+    QTest::addColumn<QString>("round");
+    QTest::addColumn<QString>("group");
+    QTest::addColumn<QString>("city");
+    QTest::addColumn<QString>("roundLabel");
+    QTest::addColumn<QString>("venueLine");
+
+    QTest::newRow("group stage") << "GROUP" << "C" << "Toronto" << "Group C" << "BMO Field · Toronto";
+    QTest::newRow("knockout") << "R32" << "" << "" << "R32" << "BMO Field";
+    QTest::newRow("case-sensitive round") << "group" << "C" << "" << "group · Group C" << "BMO Field";
+}
+
+void MatchRecordsTest::roundAndVenue()
+{
+    QFETCH(QString, round);
+    QFETCH(QString, group);
+    QFETCH(QString, city);
+    Match match;
+    match.round = round;
+    match.groupName = group;
+    match.stadium = QStringLiteral("BMO Field");
+    match.city = city;
+    QTEST(match.roundLabel(), "roundLabel");
+    QTEST(match.venueLine(), "venueLine");
+}
+
+void MatchRecordsTest::statusRawValues()
+{
+    for (const MatchStatus status :
+         {MatchStatus::scheduled, MatchStatus::inPlay, MatchStatus::halfTime, MatchStatus::finished})
+        QCOMPARE(matchStatusFromRawValue(rawValue(status)), std::optional(status));
+    QCOMPARE(rawValue(MatchStatus::inPlay), QStringLiteral("in_play"));
+    QCOMPARE(matchStatusFromRawValue(QStringLiteral("live")), std::nullopt);
+}
+
+void MatchRecordsTest::flagEmoji_data()
+{
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<QString>("flag");
+
+    QTest::newRow("upper case") << "MX" << "🇲🇽";
+    QTest::newRow("lower case with spaces") << " za \n" << "🇿🇦";
+    QTest::newRow("three letters") << "ENG" << "";
+    QTest::newRow("letter and digit") << "A1" << "";
+    QTest::newRow("empty") << "" << "";
+    QTest::newRow("one letter") << "m" << "";
+    QTest::newRow("combining mark stays two characters") << "E\u0301S" << "🇪🇸";
+    QTest::newRow("non-Latin letters") << "ЖЖ" << "";
+}
+
+void MatchRecordsTest::flagEmoji()
+{
+    QFETCH(QString, code);
+    QTEST(::flagEmoji(code), "flag");
+}
+
+void MatchRecordsTest::parseMatchDate_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QByteArray>("zone");
+    QTest::addColumn<QDateTime>("expected"); // invalid: no date
+
+    const auto utc = [](int month, int day, int hour, int minute) {
+        return QDateTime(QDate(2026, month, day), QTime(hour, minute), QTimeZone::utc());
+    };
+    QTest::newRow("Azteca opening") << "06/11/2026 13:00" << QByteArray("America/Mexico_City") << utc(6, 11, 19, 0);
+    QTest::newRow("Eastern daylight") << "07/19/2026 15:00" << QByteArray("America/New_York") << utc(7, 19, 19, 0);
+    QTest::newRow("Pacific across midnight") << "06/12/2026 18:00" << QByteArray("America/Los_Angeles")
+                                             << utc(6, 13, 1, 0);
+    QTest::newRow("ISO text") << "2026-06-11 13:00" << QByteArray("UTC") << QDateTime();
+    QTest::newRow("day first") << "13/06/2026 13:00" << QByteArray("UTC") << QDateTime();
+    QTest::newRow("no time") << "06/11/2026" << QByteArray("UTC") << QDateTime();
+    QTest::newRow("trailing text") << "06/11/2026 13:00Z" << QByteArray("UTC") << QDateTime();
+    QTest::newRow("bad hour") << "06/11/2026 25:00" << QByteArray("UTC") << QDateTime();
+    QTest::newRow("two-digit year") << "06/11/26 13:00" << QByteArray("UTC") << QDateTime();
+    QTest::newRow("empty") << "" << QByteArray("UTC") << QDateTime();
+}
+
+void MatchRecordsTest::parseMatchDate()
+{
+    QFETCH(QString, text);
+    QFETCH(QByteArray, zone);
+    QFETCH(QDateTime, expected);
+    const QDateTime parsed = ::parseMatchDate(text, QTimeZone(zone));
+    QCOMPARE(parsed.isValid(), expected.isValid());
+    if (expected.isValid())
+        QCOMPARE(parsed.toUTC(), expected);
+}
+
+void MatchRecordsTest::formattersUseTheirZoneInEnglish_data()
+{
+    QTest::addColumn<QByteArray>("zone");
+    QTest::addColumn<QString>("dateKey");
+    QTest::addColumn<QString>("full");
+
+    QTest::newRow("Mexico City") << QByteArray("America/Mexico_City") << "2026-06-11" << "Thu, Jun 11 · 13:00";
+    QTest::newRow("Berlin") << QByteArray("Europe/Berlin") << "2026-06-11" << "Thu, Jun 11 · 21:00";
+    QTest::newRow("Tokyo, next day") << QByteArray("Asia/Tokyo") << "2026-06-12" << "Fri, Jun 12 · 04:00";
+}
+
+void MatchRecordsTest::formattersUseTheirZoneInEnglish()
+{
+    QFETCH(QByteArray, zone);
+    // A French user still sees English names: the formats are the program's, not the locale's.
+    QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+    const WCFormatters formatters{QTimeZone(zone)};
+    const QDateTime kickoff(QDate(2026, 6, 11), QTime(19, 0), QTimeZone::utc());
+    QTEST(formatters.dateKey(kickoff), "dateKey");
+    QTEST(formatters.kickoffFull(kickoff), "full");
+    QCOMPARE(formatters.friendlyDate(kickoff) + u' ' + formatters.kickoffTime(kickoff),
+             formatters.kickoffFull(kickoff).replace(QStringLiteral(" · "), QStringLiteral(" ")));
+    QCOMPARE(formatters.weekdayShort(kickoff), formatters.friendlyDate(kickoff).first(3));
+    QCOMPARE(formatters.dayNumber(kickoff), formatters.dateKey(kickoff).right(2));
+    QLocale::setDefault(QLocale::c());
+}
+
+void MatchRecordsTest::sharedFormattersFollowTZ()
+{
+    // CTest starts this test with TZ=Asia/Kolkata, a zone without daylight saving and a half-hour offset.
+    QCOMPARE(WCFormatters::shared().timeZone().id(), QByteArray("Asia/Kolkata"));
+    Match match;
+    match.kickoffDate = QDateTime(QDate(2026, 6, 11), QTime(19, 0), QTimeZone::utc());
+    QCOMPARE(match.kickoffFullLabel(), QStringLiteral("Fri, Jun 12 · 00:30"));
+    match.kickoffDate = {};
+    match.kickoffLabel = QStringLiteral("06/11/2026 13:00");
+    QCOMPARE(match.kickoffFullLabel(), match.kickoffLabel);
+}
+
+QTEST_GUILESS_MAIN(MatchRecordsTest)
+#include "MatchRecordsTest.moc"
