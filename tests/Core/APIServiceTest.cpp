@@ -1,0 +1,315 @@
+#include "Models/APIResponses.h"
+#include "Networking/APIService.h"
+
+#include <QEventLoop>
+#include <QFile>
+#include <QHttpServer>
+#include <QHttpServerRequest>
+#include <QHttpServerResponse>
+#include <QSettings>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QTimeZone>
+#include <QTest>
+
+#include <QCoro/QCoroTask>
+
+// The client against real servers on 127.0.0.1: a QHttpServer for answers the service can give, and a bare
+// QTcpServer for what only a broken peer does (never answering, hanging up, announcing a huge body).
+class APIServiceTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void requestIsPlainJsonGet();
+    void answers_data();
+    void answers();
+    void failedFetchKeepsLastGoodBodyByteForByte();
+    void transportFailures_data();
+    void transportFailures();
+    void cacheTimestampIsNewestFile();
+    void baseURL_data();
+    void baseURL();
+
+private:
+    void serve(int status, const QByteArray &body);
+    QString cacheFile(const QString &path) const { return *m_service->cacheURL(path); }
+    static QByteArray readFile(const QString &path);
+
+    QHttpServer m_server;
+    quint16 m_port = 0;
+    int m_status = 200;
+    QByteArray m_body;
+    QList<QHttpServerRequest::Method> m_methods;
+    QList<QByteArray> m_acceptHeaders;
+    std::unique_ptr<QTemporaryDir> m_home;
+    std::unique_ptr<APIService> m_service;
+};
+
+namespace {
+
+const QByteArray goodGames = R"({"games":[{"id":"1","home_team_id":"1","away_team_id":"2"}]})";
+
+// QCoro::waitFor() wants a default-constructible result, which a Result deliberately is not.
+template<typename Envelope>
+Result<Envelope, FetchError> fetch(APIService &service, const QString &path)
+{
+    std::optional<Result<Envelope, FetchError>> result;
+    QEventLoop loop;
+    auto continuation = service.decode<Envelope>(path).then([&](Result<Envelope, FetchError> &&value) {
+        result.emplace(std::move(value));
+        loop.quit();
+    });
+    if (!result)
+        loop.exec();
+    return std::move(*result);
+}
+
+// A peer that accepts one connection and then misbehaves in one way.
+class MisbehavingPeer : public QTcpServer {
+public:
+    enum class Behaviour { neverAnswer, hangUp, announceHugeBody };
+
+    explicit MisbehavingPeer(Behaviour behaviour) : m_behaviour(behaviour)
+    {
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            QTcpSocket *socket = nextPendingConnection();
+            connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { respond(socket); });
+        });
+        listen(QHostAddress::LocalHost, 0);
+    }
+
+private:
+    void respond(QTcpSocket *socket)
+    {
+        socket->readAll();
+        switch (m_behaviour) {
+        case Behaviour::neverAnswer:
+            break;
+        case Behaviour::hangUp:
+            socket->disconnectFromHost();
+            break;
+        case Behaviour::announceHugeBody:
+            socket->write("HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: 40000000\r\n\r\n[");
+            break;
+        }
+    }
+
+    Behaviour m_behaviour;
+};
+
+} // namespace
+
+void APIServiceTest::init()
+{
+    m_home = std::make_unique<QTemporaryDir>();
+    qputenv("XDG_CACHE_HOME", m_home->filePath(QStringLiteral("cache")).toUtf8());
+    qputenv("XDG_CONFIG_HOME", m_home->filePath(QStringLiteral("config")).toUtf8());
+    if (m_port == 0) {
+        m_server.route(QStringLiteral("/get/<arg>"), [this](const QString &, const QHttpServerRequest &request) {
+            m_methods.append(request.method());
+            m_acceptHeaders.append(request.value("Accept"));
+            return QHttpServerResponse("application/json", m_body,
+                                       QHttpServerResponse::StatusCode(m_status));
+        });
+        m_port = m_server.listen(QHostAddress::LocalHost, 0);
+        QVERIFY(m_port != 0);
+    }
+    qputenv("WC_API_BASE_URL", QByteArray("http://127.0.0.1:") + QByteArray::number(m_port));
+    m_service = std::make_unique<APIService>();
+    m_methods.clear();
+    m_acceptHeaders.clear();
+}
+
+void APIServiceTest::cleanup()
+{
+    m_service.reset();
+    qunsetenv("WC_API_BASE_URL");
+}
+
+void APIServiceTest::serve(int status, const QByteArray &body)
+{
+    m_status = status;
+    m_body = body;
+}
+
+QByteArray APIServiceTest::readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void APIServiceTest::requestIsPlainJsonGet()
+{
+    serve(200, goodGames);
+    QVERIFY(fetch<APIGamesResponse>(*m_service, APIService::gamesPath));
+    QCOMPARE(m_methods, QList{QHttpServerRequest::Method::Get});
+    QCOMPARE(m_acceptHeaders, QList<QByteArray>{"application/json"});
+
+    const auto request = m_service->makeRequest(APIService::teamsPath);
+    QVERIFY(request);
+    QCOMPARE(request->transferTimeout(), 25'000);
+    QCOMPARE(request->attribute(QNetworkRequest::CacheLoadControlAttribute).toInt(),
+             int(QNetworkRequest::AlwaysNetwork));
+}
+
+void APIServiceTest::answers_data()
+{
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QString>("appError");  // the AppError's text, when the answer is one
+    QTest::addColumn<bool>("decodeError"); // the body was read and was not a feed body
+
+    QTest::newRow("200 envelope") << 200 << goodGames << QString() << false;
+    QTest::newRow("200 bare list") << 200 << QByteArray(R"([{"id":"1"}])") << QString() << false;
+    QTest::newRow("201 counts as success") << 201 << goodGames << QString() << false;
+    QTest::newRow("204 no content") << 204 << QByteArray() << QString() << true;
+    QTest::newRow("200 HTML") << 200 << QByteArray("<html>maintenance</html>") << QString() << true;
+    QTest::newRow("200 wrong shape") << 200 << QByteArray(R"({"games":null})") << QString() << true;
+    QTest::newRow("401") << 401 << goodGames << "The API rejected the request." << false;
+    QTest::newRow("403") << 403 << goodGames << "The API rejected the request." << false;
+    QTest::newRow("404") << 404 << goodGames << "Server error 404." << false;
+    QTest::newRow("429") << 429 << goodGames << "Rate limited — retrying soon." << false;
+    QTest::newRow("500") << 500 << goodGames << "Server error 500." << false;
+    QTest::newRow("503") << 503 << QByteArray() << "Server error 503." << false;
+}
+
+void APIServiceTest::answers()
+{
+    QFETCH(int, status);
+    QFETCH(QByteArray, body);
+    QFETCH(QString, appError);
+    QFETCH(bool, decodeError);
+
+    serve(status, body);
+    const auto result = fetch<APIGamesResponse>(*m_service, APIService::gamesPath);
+    const bool succeeds = appError.isEmpty() && !decodeError;
+    QCOMPARE(result.ok(), succeeds);
+    // Only a body that decoded is kept, exactly as it was sent.
+    QCOMPARE(QFile::exists(cacheFile(APIService::gamesPath)), succeeds);
+    if (succeeds) {
+        QCOMPARE(readFile(cacheFile(APIService::gamesPath)), body);
+        return;
+    }
+    QCOMPARE(result.error().appError() != nullptr, !appError.isEmpty());
+    QCOMPARE(result.error().decodeError() != nullptr, decodeError);
+    if (!appError.isEmpty())
+        QCOMPARE(result.error().description(), appError);
+}
+
+void APIServiceTest::failedFetchKeepsLastGoodBodyByteForByte()
+{
+    const QByteArray first = "{ \"teams\" : [ {\"id\":\"1\",\"name_en\":\"Mexico\"} ] }\n";
+    serve(200, first);
+    QVERIFY(fetch<APITeamsResponse>(*m_service, APIService::teamsPath));
+
+    for (const auto &[status, body] : {std::pair{200, QByteArray(R"({"teams":[1,2]})")},
+                                      std::pair{200, QByteArray(R"({"teams":[{"id":"1"})")},
+                                      std::pair{500, QByteArray("oops")}, std::pair{429, QByteArray()}}) {
+        serve(status, body);
+        QVERIFY(!fetch<APITeamsResponse>(*m_service, APIService::teamsPath));
+        QCOMPARE(readFile(cacheFile(APIService::teamsPath)), first);
+    }
+
+    const QByteArray second = R"([{"id":"2","name_en":"South Africa"}])";
+    serve(200, second);
+    const auto teams = fetch<APITeamsResponse>(*m_service, APIService::teamsPath);
+    QVERIFY(teams);
+    QCOMPARE(teams->teams.constFirst().nameEn, QStringLiteral("South Africa"));
+    QCOMPARE(readFile(cacheFile(APIService::teamsPath)), second);
+}
+
+void APIServiceTest::transportFailures_data()
+{
+    QTest::addColumn<MisbehavingPeer::Behaviour>("behaviour");
+    QTest::addColumn<QNetworkReply::NetworkError>("expected");
+
+    QTest::newRow("time-out") << MisbehavingPeer::Behaviour::neverAnswer << QNetworkReply::OperationCanceledError;
+    QTest::newRow("hang-up") << MisbehavingPeer::Behaviour::hangUp << QNetworkReply::RemoteHostClosedError;
+    QTest::newRow("over 32 MiB") << MisbehavingPeer::Behaviour::announceHugeBody
+                                 << QNetworkReply::OperationCanceledError;
+}
+
+void APIServiceTest::transportFailures()
+{
+    QFETCH(MisbehavingPeer::Behaviour, behaviour);
+    QFETCH(QNetworkReply::NetworkError, expected);
+
+    MisbehavingPeer peer(behaviour);
+    QVERIFY(peer.isListening());
+    qputenv("WC_API_BASE_URL", QByteArray("http://127.0.0.1:") + QByteArray::number(peer.serverPort()));
+    APIService service(std::chrono::milliseconds(300)); // short, so the time-out case doesn't wait 25 s
+
+    const auto result = fetch<APIGamesResponse>(service, APIService::gamesPath);
+    QVERIFY(!result);
+    QVERIFY(result.error().transportError());
+    QCOMPARE(result.error().transportError()->code, expected);
+    QVERIFY(!QFile::exists(*service.cacheURL(APIService::gamesPath)));
+}
+
+void APIServiceTest::cacheTimestampIsNewestFile()
+{
+    QCOMPARE(m_service->cacheTimestamp(), std::nullopt);
+
+    const auto writeWithTime = [this](const QString &path, const QDateTime &modified) {
+        QFile file(cacheFile(path));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[]");
+        file.flush();
+        QVERIFY(file.setFileTime(modified, QFileDevice::FileModificationTime));
+    };
+    const QDateTime june(QDate(2026, 6, 11), QTime(19, 0), QTimeZone::utc());
+    writeWithTime(APIService::teamsPath, june);
+    QCOMPARE(m_service->cacheTimestamp(), std::optional(june));
+
+    writeWithTime(APIService::groupsPath, june.addDays(-1));
+    writeWithTime(APIService::stadiumsPath, june.addSecs(90));
+    QCOMPARE(m_service->cacheTimestamp(), std::optional(june.addSecs(90)));
+    QVERIFY(cacheFile(APIService::stadiumsPath).endsWith(QStringLiteral("/com.pitchlark.tidewell/api/get_stadiums.json")));
+}
+
+void APIServiceTest::baseURL_data()
+{
+    QTest::addColumn<QVariant>("environment"); // null: unset
+    QTest::addColumn<QVariant>("configured");  // null: no key in pitchlark.conf
+    QTest::addColumn<QString>("expectedURL");  // empty: invalid URL
+
+    const QVariant unset;
+    QTest::newRow("built-in") << unset << unset << "https://worldcup26.ir/get/teams";
+    QTest::newRow("config file") << unset << QVariant("http://127.0.0.1:8080") << "http://127.0.0.1:8080/get/teams";
+    QTest::newRow("environment wins") << QVariant("http://localhost:9000") << QVariant("http://127.0.0.1:8080")
+                                      << "http://localhost:9000/get/teams";
+    QTest::newRow("trailing slash sent as is") << QVariant("http://localhost:9000/") << unset
+                                               << "http://localhost:9000//get/teams";
+    QTest::newRow("empty environment") << QVariant("") << QVariant("http://127.0.0.1:8080") << QString();
+    QTest::newRow("not a URL") << QVariant("http://exa mple.com") << unset << QString();
+    QTest::newRow("no scheme") << unset << QVariant("worldcup26.ir") << QString();
+}
+
+void APIServiceTest::baseURL()
+{
+    QFETCH(QVariant, environment);
+    QFETCH(QVariant, configured);
+    QFETCH(QString, expectedURL);
+
+    if (environment.isValid())
+        qputenv("WC_API_BASE_URL", environment.toString().toUtf8());
+    else
+        qunsetenv("WC_API_BASE_URL");
+    if (configured.isValid()) {
+        QSettings config(m_home->filePath(QStringLiteral("config/pitchlark/pitchlark.conf")), QSettings::IniFormat);
+        config.setValue(QStringLiteral("WC_API_BASE_URL"), configured);
+    }
+
+    const auto request = m_service->makeRequest(APIService::teamsPath);
+    QCOMPARE(request.ok(), !expectedURL.isEmpty());
+    if (request)
+        QCOMPARE(request->url().toString(), expectedURL);
+    else
+        QCOMPARE(request.error().description(), QStringLiteral("Invalid API URL."));
+}
+
+QTEST_GUILESS_MAIN(APIServiceTest)
+#include "APIServiceTest.moc"
