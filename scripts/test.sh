@@ -7,6 +7,9 @@ bash scripts/install-deps.sh
 
 jobs=$(nproc)
 
+echo "== formatting"
+bash scripts/check-format.sh
+
 echo "== fuzzing (libFuzzer, ASan, UBSan)"
 bash scripts/build.sh fuzz
 ctest --test-dir build-fuzz --output-on-failure

@@ -1,5 +1,5 @@
-#include "Models/APIResponses.h"
 #include "Networking/APIService.h"
+#include "Models/APIResponses.h"
 
 #include <QEventLoop>
 #include <QFile>
@@ -10,8 +10,8 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
-#include <QTimeZone>
 #include <QTest>
+#include <QTimeZone>
 
 #include <QCoro/QCoroTask>
 
@@ -92,7 +92,8 @@ private:
             socket->disconnectFromHost();
             break;
         case Behaviour::announceHugeBody:
-            socket->write("HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: 40000000\r\n\r\n[");
+            socket->write(
+                "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: 40000000\r\n\r\n[");
             break;
         }
     }
@@ -108,11 +109,11 @@ void APIServiceTest::init()
     qputenv("XDG_CACHE_HOME", m_home->filePath(QStringLiteral("cache")).toUtf8());
     qputenv("XDG_CONFIG_HOME", m_home->filePath(QStringLiteral("config")).toUtf8());
     if (m_port == 0) {
-        m_server.route(QStringLiteral("/get/<arg>"), [this](const QString &, const QHttpServerRequest &request) {
+        m_server.route(QStringLiteral("/get/<arg>"), [this](const QString &,
+                                                            const QHttpServerRequest &request) {
             m_methods.append(request.method());
             m_acceptHeaders.append(request.value("Accept"));
-            return QHttpServerResponse("application/json", m_body,
-                                       QHttpServerResponse::StatusCode(m_status));
+            return QHttpServerResponse("application/json", m_body, QHttpServerResponse::StatusCode(m_status));
         });
         m_port = m_server.listen(QHostAddress::LocalHost, 0);
         QVERIFY(m_port != 0);
@@ -159,9 +160,10 @@ void APIServiceTest::answers_data()
 {
     QTest::addColumn<int>("status");
     QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<QString>("appError");  // the AppError's text, when the answer is one
+    QTest::addColumn<QString>("appError"); // the AppError's text, when the answer is one
     QTest::addColumn<bool>("decodeError"); // the body was read and was not a feed body
 
+    // clang-format off
     QTest::newRow("200 envelope") << 200 << goodGames << QString() << false;
     QTest::newRow("200 bare list") << 200 << QByteArray(R"([{"id":"1"}])") << QString() << false;
     QTest::newRow("201 counts as success") << 201 << goodGames << QString() << false;
@@ -174,6 +176,7 @@ void APIServiceTest::answers_data()
     QTest::newRow("429") << 429 << goodGames << "Rate limited — retrying soon." << false;
     QTest::newRow("500") << 500 << goodGames << "Server error 500." << false;
     QTest::newRow("503") << 503 << QByteArray() << "Server error 503." << false;
+    // clang-format on
 }
 
 void APIServiceTest::answers()
@@ -206,8 +209,8 @@ void APIServiceTest::failedFetchKeepsLastGoodBodyByteForByte()
     QVERIFY(fetch<APITeamsResponse>(*m_service, APIService::teamsPath));
 
     for (const auto &[status, body] : {std::pair{200, QByteArray(R"({"teams":[1,2]})")},
-                                      std::pair{200, QByteArray(R"({"teams":[{"id":"1"})")},
-                                      std::pair{500, QByteArray("oops")}, std::pair{429, QByteArray()}}) {
+                                       std::pair{200, QByteArray(R"({"teams":[{"id":"1"})")},
+                                       std::pair{500, QByteArray("oops")}, std::pair{429, QByteArray()}}) {
         serve(status, body);
         QVERIFY(!fetch<APITeamsResponse>(*m_service, APIService::teamsPath));
         QCOMPARE(readFile(cacheFile(APIService::teamsPath)), first);
@@ -226,10 +229,12 @@ void APIServiceTest::transportFailures_data()
     QTest::addColumn<MisbehavingPeer::Behaviour>("behaviour");
     QTest::addColumn<QNetworkReply::NetworkError>("expected");
 
+    // clang-format off
     QTest::newRow("time-out") << MisbehavingPeer::Behaviour::neverAnswer << QNetworkReply::OperationCanceledError;
     QTest::newRow("hang-up") << MisbehavingPeer::Behaviour::hangUp << QNetworkReply::RemoteHostClosedError;
     QTest::newRow("over 32 MiB") << MisbehavingPeer::Behaviour::announceHugeBody
                                  << QNetworkReply::OperationCanceledError;
+    // clang-format on
 }
 
 void APIServiceTest::transportFailures()
@@ -267,7 +272,8 @@ void APIServiceTest::cacheTimestampIsNewestFile()
     writeWithTime(APIService::groupsPath, june.addDays(-1));
     writeWithTime(APIService::stadiumsPath, june.addSecs(90));
     QCOMPARE(m_service->cacheTimestamp(), std::optional(june.addSecs(90)));
-    QVERIFY(cacheFile(APIService::stadiumsPath).endsWith(QStringLiteral("/com.pitchlark.tidewell/api/get_stadiums.json")));
+    QVERIFY(cacheFile(APIService::stadiumsPath)
+                .endsWith(QStringLiteral("/com.pitchlark.tidewell/api/get_stadiums.json")));
 }
 
 void APIServiceTest::baseURL_data()
@@ -277,6 +283,7 @@ void APIServiceTest::baseURL_data()
     QTest::addColumn<QString>("expectedURL");  // empty: invalid URL
 
     const QVariant unset;
+    // clang-format off
     QTest::newRow("built-in") << unset << unset << "https://worldcup26.ir/get/teams";
     QTest::newRow("config file") << unset << QVariant("http://127.0.0.1:8080") << "http://127.0.0.1:8080/get/teams";
     QTest::newRow("environment wins") << QVariant("http://localhost:9000") << QVariant("http://127.0.0.1:8080")
@@ -286,6 +293,7 @@ void APIServiceTest::baseURL_data()
     QTest::newRow("empty environment") << QVariant("") << QVariant("http://127.0.0.1:8080") << QString();
     QTest::newRow("not a URL") << QVariant("http://exa mple.com") << unset << QString();
     QTest::newRow("no scheme") << unset << QVariant("worldcup26.ir") << QString();
+    // clang-format on
 }
 
 void APIServiceTest::baseURL()
@@ -299,7 +307,8 @@ void APIServiceTest::baseURL()
     else
         qunsetenv("WC_API_BASE_URL");
     if (configured.isValid()) {
-        QSettings config(m_home->filePath(QStringLiteral("config/pitchlark/pitchlark.conf")), QSettings::IniFormat);
+        QSettings config(m_home->filePath(QStringLiteral("config/pitchlark/pitchlark.conf")),
+                         QSettings::IniFormat);
         config.setValue(QStringLiteral("WC_API_BASE_URL"), configured);
     }
 

@@ -27,6 +27,7 @@ void FeedDecodingTest::lossyText_data()
     QTest::addColumn<QByteArray>("json");
     QTest::addColumn<QVariant>("expected"); // null QVariant: no text
 
+    // clang-format off
     QTest::newRow("string") << QByteArray(R"("abc")") << QVariant(QStringLiteral("abc"));
     QTest::newRow("empty string is present") << QByteArray(R"("")") << QVariant(QString(""));
     QTest::newRow("integer") << QByteArray("3") << QVariant(QStringLiteral("3"));
@@ -45,6 +46,7 @@ void FeedDecodingTest::lossyText_data()
     QTest::newRow("null") << QByteArray("null") << QVariant();
     QTest::newRow("object") << QByteArray(R"({"a":1})") << QVariant();
     QTest::newRow("array") << QByteArray("[1]") << QVariant();
+    // clang-format on
 }
 
 void FeedDecodingTest::lossyText()
@@ -65,6 +67,7 @@ void FeedDecodingTest::envelopeShapes_data()
     QTest::addColumn<QByteArray>("body");
     QTest::addColumn<int>("expectedCount"); // -1: the decode fails
 
+    // clang-format off
     QTest::newRow("envelope") << QByteArray(R"({"games":[{"id":"1"},{"id":"2"}]})") << 2;
     QTest::newRow("empty envelope") << QByteArray(R"({"games":[]})") << 0;
     QTest::newRow("extra keys") << QByteArray(R"({"ok":true,"games":[{"id":"1","_id":"x"}]})") << 1;
@@ -79,6 +82,7 @@ void FeedDecodingTest::envelopeShapes_data()
     QTest::newRow("truncated") << QByteArray(R"({"games":[{"id":"1"},)") << -1;
     QTest::newRow("empty body") << QByteArray() << -1;
     QTest::newRow("scalar body") << QByteArray("42") << -1;
+    // clang-format on
 }
 
 void FeedDecodingTest::envelopeShapes()
@@ -145,6 +149,7 @@ void FeedDecodingTest::stadiumCapacity_data()
     QTest::addColumn<QByteArray>("capacity");
     QTest::addColumn<QVariant>("expected"); // null QVariant: no capacity
 
+    // clang-format off
     QTest::newRow("number") << QByteArray("48000") << QVariant(qint64(48000));
     QTest::newRow("text") << QByteArray(R"("65000")") << QVariant(qint64(65000));
     QTest::newRow("signed text") << QByteArray(R"("+12")") << QVariant(qint64(12));
@@ -162,6 +167,7 @@ void FeedDecodingTest::stadiumCapacity_data()
                               << QVariant(std::numeric_limits<qint64>::min());
     QTest::newRow("overflow") << QByteArray(R"("9223372036854775808")") << QVariant();
     QTest::newRow("Arabic-Indic digits") << QByteArray(R"("٤٥")") << QVariant();
+    // clang-format on
 }
 
 void FeedDecodingTest::stadiumCapacity()
@@ -169,7 +175,8 @@ void FeedDecodingTest::stadiumCapacity()
     QFETCH(QByteArray, capacity);
     QFETCH(QVariant, expected);
 
-    const auto decoded = APIStadiumsResponse::decode(R"({"stadiums":[{"id":"1","capacity":)" + capacity + "}]}");
+    const auto decoded =
+        APIStadiumsResponse::decode(R"({"stadiums":[{"id":"1","capacity":)" + capacity + "}]}");
     QVERIFY(decoded);
     const APIStadium &stadium = decoded->stadiums.constFirst();
     QCOMPARE(stadium.capacityValue(), expected);
@@ -183,6 +190,7 @@ void FeedDecodingTest::groupKeyAndTable_data()
     QTest::addColumn<int>("expectedRows");
 
     const QByteArray row = R"({"team_id":"1","pts":3})";
+    // clang-format off
     QTest::newRow("live service key") << QByteArray(R"({"name":"A","teams":[)" + row + "]}") << "A" << 1;
     QTest::newRow("seed key wins") << QByteArray(R"({"group":"B","name":"A"})") << "B" << 0;
     QTest::newRow("numeric key") << QByteArray(R"({"group":3})") << "3" << 0;
@@ -191,6 +199,7 @@ void FeedDecodingTest::groupKeyAndTable_data()
         << QByteArray(R"({"group":"C","teams":[)" + row + ",5]}") << "C" << 0;
     QTest::newRow("teams null") << QByteArray(R"({"group":"D","teams":null})") << "D" << 0;
     QTest::newRow("teams object") << QByteArray(R"({"group":"E","teams":{"team_id":"1"}})") << "E" << 0;
+    // clang-format on
 }
 
 void FeedDecodingTest::groupKeyAndTable()

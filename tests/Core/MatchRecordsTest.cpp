@@ -52,12 +52,14 @@ void MatchRecordsTest::statusTexts_data()
     Match minuteOnly = matchWith(MatchStatus::inPlay, 1, 0);
     minuteOnly.minute = 45;
 
+    // clang-format off
     QTest::newRow("scheduled") << matchWith(MatchStatus::scheduled) << "19:00" << "Kickoff 19:00";
     QTest::newRow("clock wins over minute") << clock << "45'+2'" << "45'+2' elapsed";
     QTest::newRow("minute only") << minuteOnly << "45'" << "45' elapsed";
     QTest::newRow("live with nothing") << matchWith(MatchStatus::inPlay) << "LIVE" << "Live now";
     QTest::newRow("half time") << matchWith(MatchStatus::halfTime, 1, 1) << "HT" << "Half-time";
     QTest::newRow("finished") << matchWith(MatchStatus::finished, 2, 1) << "FT" << "Full-time";
+    // clang-format on
 }
 
 void MatchRecordsTest::statusTexts()
@@ -82,11 +84,13 @@ void MatchRecordsTest::scoreTexts_data()
     Match oneFlag = matchWith(MatchStatus::finished, 1, {});
     oneFlag.awayFlagEmoji = QStringLiteral("🇿🇦");
 
+    // clang-format off
     QTest::newRow("no scores") << matchWith(MatchStatus::scheduled) << "– – –" << "–" << "–" << "MEX -–- RSA";
     QTest::newRow("scheduled hides scores") << matchWith(MatchStatus::scheduled, 2, 1) << "2 – 1" << "–" << "–"
                                             << "MEX 2–1 RSA";
     QTest::newRow("live with a flag") << flags << "2 – 0" << "2" << "0" << "🇲🇽 2–0 RSA";
     QTest::newRow("one score missing") << oneFlag << "1 – –" << "1" << "–" << "MEX 1–- 🇿🇦";
+    // clang-format on
 }
 
 void MatchRecordsTest::scoreTexts()
@@ -110,9 +114,11 @@ void MatchRecordsTest::roundAndVenue_data()
     QTest::addColumn<QString>("roundLabel");
     QTest::addColumn<QString>("venueLine");
 
+    // clang-format off
     QTest::newRow("group stage") << "GROUP" << "C" << "Toronto" << "Group C" << "BMO Field · Toronto";
     QTest::newRow("knockout") << "R32" << "" << "" << "R32" << "BMO Field";
     QTest::newRow("case-sensitive round") << "group" << "C" << "" << "group · Group C" << "BMO Field";
+    // clang-format on
 }
 
 void MatchRecordsTest::roundAndVenue()
@@ -143,6 +149,7 @@ void MatchRecordsTest::flagEmoji_data()
     QTest::addColumn<QString>("code");
     QTest::addColumn<QString>("flag");
 
+    // clang-format off
     QTest::newRow("upper case") << "MX" << "🇲🇽";
     QTest::newRow("lower case with spaces") << " za \n" << "🇿🇦";
     QTest::newRow("three letters") << "ENG" << "";
@@ -151,6 +158,7 @@ void MatchRecordsTest::flagEmoji_data()
     QTest::newRow("one letter") << "m" << "";
     QTest::newRow("combining mark stays two characters") << "E\u0301S" << "🇪🇸";
     QTest::newRow("non-Latin letters") << "ЖЖ" << "";
+    // clang-format on
 }
 
 void MatchRecordsTest::flagEmoji()
@@ -168,6 +176,7 @@ void MatchRecordsTest::parseMatchDate_data()
     const auto utc = [](int month, int day, int hour, int minute) {
         return QDateTime(QDate(2026, month, day), QTime(hour, minute), QTimeZone::utc());
     };
+    // clang-format off
     QTest::newRow("Azteca opening") << "06/11/2026 13:00" << QByteArray("America/Mexico_City") << utc(6, 11, 19, 0);
     QTest::newRow("Eastern daylight") << "07/19/2026 15:00" << QByteArray("America/New_York") << utc(7, 19, 19, 0);
     QTest::newRow("Pacific across midnight") << "06/12/2026 18:00" << QByteArray("America/Los_Angeles")
@@ -179,6 +188,7 @@ void MatchRecordsTest::parseMatchDate_data()
     QTest::newRow("bad hour") << "06/11/2026 25:00" << QByteArray("UTC") << QDateTime();
     QTest::newRow("two-digit year") << "06/11/26 13:00" << QByteArray("UTC") << QDateTime();
     QTest::newRow("empty") << "" << QByteArray("UTC") << QDateTime();
+    // clang-format on
 }
 
 void MatchRecordsTest::parseMatchDate()
@@ -198,9 +208,11 @@ void MatchRecordsTest::formattersUseTheirZoneInEnglish_data()
     QTest::addColumn<QString>("dateKey");
     QTest::addColumn<QString>("full");
 
+    // clang-format off
     QTest::newRow("Mexico City") << QByteArray("America/Mexico_City") << "2026-06-11" << "Thu, Jun 11 · 13:00";
     QTest::newRow("Berlin") << QByteArray("Europe/Berlin") << "2026-06-11" << "Thu, Jun 11 · 21:00";
     QTest::newRow("Tokyo, next day") << QByteArray("Asia/Tokyo") << "2026-06-12" << "Fri, Jun 12 · 04:00";
+    // clang-format on
 }
 
 void MatchRecordsTest::formattersUseTheirZoneInEnglish()

@@ -1,6 +1,6 @@
+#include "State/Normalization.h"
 #include "Models/APIResponses.h"
 #include "Networking/APIService.h"
-#include "State/Normalization.h"
 
 #include <QFile>
 #include <QTest>
@@ -66,6 +66,7 @@ void NormalizationTest::status_data()
     QTest::addColumn<QString>("elapsed");
     QTest::addColumn<MatchStatus>("expected");
 
+    // clang-format off
     QTest::newRow("bare game") << "FALSE" << "notstarted" << MatchStatus::scheduled;
     QTest::newRow("flag lower case") << "true" << "" << MatchStatus::finished;
     QTest::newRow("flag wins over clock") << "TRUE" << "90+5" << MatchStatus::finished;
@@ -84,6 +85,7 @@ void NormalizationTest::status_data()
     QTest::newRow("live") << "FALSE" << "live" << MatchStatus::inPlay;
     QTest::newRow("minute") << "FALSE" << "67" << MatchStatus::inPlay;
     QTest::newRow("h2") << "FALSE" << "h2" << MatchStatus::inPlay;
+    // clang-format on
 }
 
 void NormalizationTest::status()
@@ -102,6 +104,7 @@ void NormalizationTest::liveFields_data()
     QTest::addColumn<QVariant>("expectedMinute");
 
     const QVariant none;
+    // clang-format off
     QTest::newRow("scheduled hides scores") << "notstarted" << "2" << none << none << none;
     QTest::newRow("default zero counts once live") << "1" << "0" << QVariant(0) << QVariant("1'") << QVariant(1);
     QTest::newRow("minute") << "67" << "2" << QVariant(2) << QVariant("67'") << QVariant(67);
@@ -115,6 +118,7 @@ void NormalizationTest::liveFields_data()
     QTest::newRow("finished") << "finished" << "4" << QVariant(4) << none << none;
     QTest::newRow("empty score") << "50" << "" << none << QVariant("50'") << QVariant(50);
     QTest::newRow("unparseable score") << "50" << " 1" << none << QVariant("50'") << QVariant(50);
+    // clang-format on
 }
 
 void NormalizationTest::liveFields()
@@ -138,6 +142,7 @@ void NormalizationTest::scorers_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QStringList>("expected");
 
+    // clang-format off
     QTest::newRow("null") << "null" << QStringList();
     QTest::newRow("NULL padded") << "  NULL\n" << QStringList();
     QTest::newRow("empty") << "" << QStringList();
@@ -151,6 +156,7 @@ void NormalizationTest::scorers_data()
     QTest::newRow("typographic quotes stay")
         << "{“J. Quiñones 9'”,”R. Jiménez 67'”}" << QStringList{"“J. Quiñones 9'”", "”R. Jiménez 67'”"};
     QTest::newRow("escaped quotes") << R"([\"A 1'\"])" << QStringList{"A 1'\\"};
+    // clang-format on
 }
 
 void NormalizationTest::scorers()
@@ -169,6 +175,7 @@ void NormalizationTest::teamNameAndCode_data()
     QTest::addColumn<QString>("expectedCode");
 
     const QVariant none;
+    // clang-format off
     QTest::newRow("known team") << none << "Mexico" << "MEX" << none << "Mexico" << "MEX";
     QTest::newRow("code trimmed and raised") << none << "Mexico" << " mex\n" << none << "Mexico" << "MEX";
     QTest::newRow("explicit name wins") << QVariant("México") << "Mexico" << "" << none << "México" << "MÉX";
@@ -180,6 +187,7 @@ void NormalizationTest::teamNameAndCode_data()
     QTest::newRow("empty label") << none << "" << "" << QVariant("") << "TBD" << "TBD";
     QTest::newRow("two-word team, no code") << none << "Costa Rica" << " " << none << "Costa Rica" << "CR";
     QTest::newRow("short name") << none << "" << "" << QVariant("Ab") << "Ab" << "AB";
+    // clang-format on
 }
 
 void NormalizationTest::teamNameAndCode()
@@ -211,6 +219,7 @@ void NormalizationTest::venueZone_data()
     QTest::addColumn<QString>("country");
     QTest::addColumn<QByteArray>("expectedZone");
 
+    // clang-format off
     QTest::newRow("Azteca by id") << "1" << "" << "" << QByteArray("America/Mexico_City");
     QTest::newRow("Monterrey by id") << "3" << "" << "" << QByteArray("America/Monterrey");
     QTest::newRow("BC Place by id") << "13" << "" << "" << QByteArray("America/Vancouver");
@@ -225,6 +234,7 @@ void NormalizationTest::venueZone_data()
     QTest::newRow("Arlington") << "17" << "Arlington (Dallas)" << "USA" << QByteArray("America/Chicago");
     QTest::newRow("Kansas City") << "17" << "Kansas City" << "USA" << QByteArray("America/Chicago");
     QTest::newRow("Foxborough") << "17" << "Foxborough" << "USA" << QByteArray("America/New_York");
+    // clang-format on
 }
 
 void NormalizationTest::venueZone()
@@ -251,12 +261,18 @@ void NormalizationTest::knownTeamFillsMatch()
     game.awayTeamID = QStringLiteral("9");
     game.stadiumID = QStringLiteral("99");
     game.localDate = QStringLiteral("someday");
-    const TeamTable teams{{QStringLiteral("1"), APITeam{QStringLiteral("1"), QStringLiteral("Mexico"),
+    const TeamTable teams{{QStringLiteral("1"), APITeam{QStringLiteral("1"),
+                                                        QStringLiteral("Mexico"),
                                                         QStringLiteral("https://flagcdn.com/w80/mx.png"),
-                                                        QStringLiteral("MEX"), QStringLiteral("mx"), {}}},
-                          {QStringLiteral("9"), APITeam{QStringLiteral("9"), QStringLiteral("England"),
-                                                        QStringLiteral("not a url"), QStringLiteral("ENG"),
-                                                        QStringLiteral("ENG"), {}}}};
+                                                        QStringLiteral("MEX"),
+                                                        QStringLiteral("mx"),
+                                                        {}}},
+                          {QStringLiteral("9"), APITeam{QStringLiteral("9"),
+                                                        QStringLiteral("England"),
+                                                        QStringLiteral("not a url"),
+                                                        QStringLiteral("ENG"),
+                                                        QStringLiteral("ENG"),
+                                                        {}}}};
 
     const Match match = normalizeMatch(game, teams, {}, WCFormatters(QTimeZone::utc()));
     QCOMPARE(match.matchNumber, 12);
@@ -281,8 +297,13 @@ void NormalizationTest::kickoffShownInUserZone()
     APIGame game;
     game.stadiumID = QStringLiteral("4");
     game.localDate = QStringLiteral("06/14/2026 13:00");
-    const StadiumTable stadiums{{game.stadiumID, APIStadium{game.stadiumID, QStringLiteral("NRG Stadium"), {},
-                                                            QStringLiteral("Houston"), QStringLiteral("USA"), {}, {}}}};
+    const StadiumTable stadiums{{game.stadiumID, APIStadium{game.stadiumID,
+                                                            QStringLiteral("NRG Stadium"),
+                                                            {},
+                                                            QStringLiteral("Houston"),
+                                                            QStringLiteral("USA"),
+                                                            {},
+                                                            {}}}};
     const Match match = normalizeMatch(game, {}, stadiums, WCFormatters(QTimeZone("Europe/Berlin")));
     QCOMPARE(match.kickoffLabel, QStringLiteral("20:00"));
     QCOMPARE(match.venueLine(), QStringLiteral("NRG Stadium · Houston"));
@@ -295,7 +316,8 @@ void NormalizationTest::kickoffShownInUserZone()
 
 void NormalizationTest::standingOrder()
 {
-    const auto row = [](const char *team, const char *points, const char *gd, const char *gf, const char *won) {
+    const auto row = [](const char *team, const char *points, const char *gd, const char *gf,
+                        const char *won) {
         APIStandingTeam standing;
         standing.teamID = QString::fromLatin1(team);
         standing.points = QString::fromLatin1(points);
@@ -306,8 +328,9 @@ void NormalizationTest::standingOrder()
     };
     APIGroup group;
     group.group = QStringLiteral("A");
-    group.teams = {row("z", "4", "1", "3", "1"), row("b", "4", "1", "3", "1"), row("c", "7", "-2", "1", "2"),
-                   row("d", "4", "1", "4", "1"), row("e", "4", "2", "0", "1"), row("f", "x", "", "1", "0"),
+    group.teams = {row("z", "4", "1", "3", "1"),      row("b", "4", "1", "3", "1"),
+                   row("c", "7", "-2", "1", "2"),     row("d", "4", "1", "4", "1"),
+                   row("e", "4", "2", "0", "1"),      row("f", "x", "", "1", "0"),
                    row("unknown", "4", "1", "3", "1")};
     TeamTable teams;
     for (const char *id : {"z", "b", "c", "d", "e", "f"}) {
@@ -377,8 +400,9 @@ void NormalizationTest::seedTournament()
     }
 
     // England's iso2 is "ENG": no flag emoji, so the tray falls back to the code.
-    const auto england = std::find_if(seed.teams.cbegin(), seed.teams.cend(),
-                                      [](const APITeam &team) { return team.fifaCode == QLatin1StringView("ENG"); });
+    const auto england = std::find_if(seed.teams.cbegin(), seed.teams.cend(), [](const APITeam &team) {
+        return team.fifaCode == QLatin1StringView("ENG");
+    });
     QVERIFY(england != seed.teams.cend());
     QVERIFY(flagEmoji(england->iso2).isEmpty());
 
@@ -397,9 +421,11 @@ void NormalizationTest::seedKickoffLabels_data()
     QTest::addColumn<QString>("finalLabel");
 
     // The final kicks off at 15:00 in New Jersey on 19 July.
+    // clang-format off
     QTest::newRow("Berlin") << QByteArray("Europe/Berlin") << "21:00" << "21:00";
     QTest::newRow("Los Angeles") << QByteArray("America/Los_Angeles") << "12:00" << "12:00";
     QTest::newRow("Tokyo") << QByteArray("Asia/Tokyo") << "04:00" << "04:00";
+    // clang-format on
 }
 
 void NormalizationTest::seedKickoffLabels()

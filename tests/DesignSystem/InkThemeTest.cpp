@@ -41,12 +41,14 @@ void InkThemeTest::apply_data()
     QTest::addColumn<double>("strength");
     QTest::addColumn<double>("saturation"); // of the primary ink; 0 means the neutral greys
 
+    // clang-format off
     QTest::newRow("no tint") << 0.58 << 0.0 << 0.0;
     QTest::newRow("at the neutral limit") << 0.58 << 0.04 << 0.0;
     QTest::newRow("just above it") << 0.58 << 0.05 << 0.0575;
     QTest::newRow("half strength") << 0.3 << 0.5 << 0.575;
     QTest::newRow("capped") << 0.9 << 1.0 << 0.72;
     QTest::newRow("cap reached early") << 0.1 << 0.7 << 0.72;
+    // clang-format on
 }
 
 void InkThemeTest::apply()

@@ -10,6 +10,7 @@ APIGroup APIGroup::fromJson(const QJsonObject &object)
                       .value_or(FeedDecoding::text(object, QLatin1StringView("name"), QString()));
     const QJsonValue teams = object.value(QLatin1StringView("teams"));
     if (teams.isArray())
-        group.teams = FeedDecoding::recordsFrom<APIStandingTeam>(teams.toArray()).value_or(QList<APIStandingTeam>());
+        group.teams =
+            FeedDecoding::recordsFrom<APIStandingTeam>(teams.toArray()).value_or(QList<APIStandingTeam>());
     return group;
 }

@@ -8,7 +8,8 @@ using FeedDecoding::text;
 APIStadium APIStadium::fromJson(const QJsonObject &object)
 {
     APIStadium stadium;
-    stadium.id = FeedDecoding::lossyString(object, QLatin1StringView("id")).value_or(FeedDecoding::randomIdentity());
+    stadium.id =
+        FeedDecoding::lossyString(object, QLatin1StringView("id")).value_or(FeedDecoding::randomIdentity());
     stadium.nameEn = text(object, QLatin1StringView("name_en"), stadium.nameEn);
     stadium.fifaName = text(object, QLatin1StringView("fifa_name"), stadium.fifaName);
     stadium.cityEn = text(object, QLatin1StringView("city_en"), stadium.cityEn);

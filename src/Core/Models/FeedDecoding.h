@@ -63,7 +63,8 @@ Result<QList<Record>, DecodeError> decodeList(const QByteArray &body, QLatin1Str
             {QStringLiteral("expected an array of records or an object holding one under \"%1\"").arg(key)});
     if (auto records = recordsFrom<Record>(document->array()))
         return std::move(*records);
-    return Result<QList<Record>, DecodeError>::failure({QStringLiteral("an element of the list is not an object")});
+    return Result<QList<Record>, DecodeError>::failure(
+        {QStringLiteral("an element of the list is not an object")});
 }
 
 } // namespace FeedDecoding

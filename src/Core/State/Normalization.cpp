@@ -66,7 +66,8 @@ Match normalizeMatch(const APIGame &game, const TeamTable &teamsByID, const Stad
 
     const std::optional<QTimeZone> venueZone = venue ? timeZone(*venue) : std::nullopt;
     match.kickoffDate = parseMatchDate(game.localDate, venueZone.value_or(formatters.timeZone()));
-    match.kickoffLabel = match.kickoffDate.isValid() ? formatters.kickoffTime(match.kickoffDate) : game.localDate;
+    match.kickoffLabel =
+        match.kickoffDate.isValid() ? formatters.kickoffTime(match.kickoffDate) : game.localDate;
 
     match.status = APIService::status(game);
     match.homeScore = parsedScore(game.homeScore, match.status);
@@ -120,13 +121,13 @@ GroupStanding normalizeStanding(const APIGroup &group, const TeamTable &teamsByI
 std::optional<QTimeZone> timeZone(const APIStadium &venue)
 {
     static const QHash<QString, QByteArray> zoneByStadiumID = {
-        {QStringLiteral("1"), "America/Mexico_City"}, {QStringLiteral("2"), "America/Mexico_City"},
-        {QStringLiteral("3"), "America/Monterrey"},   {QStringLiteral("4"), "America/Chicago"},
-        {QStringLiteral("5"), "America/Chicago"},     {QStringLiteral("6"), "America/Chicago"},
-        {QStringLiteral("7"), "America/New_York"},    {QStringLiteral("8"), "America/New_York"},
-        {QStringLiteral("9"), "America/New_York"},    {QStringLiteral("10"), "America/New_York"},
-        {QStringLiteral("11"), "America/New_York"},   {QStringLiteral("12"), "America/Toronto"},
-        {QStringLiteral("13"), "America/Vancouver"},  {QStringLiteral("14"), "America/Los_Angeles"},
+        {QStringLiteral("1"), "America/Mexico_City"},  {QStringLiteral("2"), "America/Mexico_City"},
+        {QStringLiteral("3"), "America/Monterrey"},    {QStringLiteral("4"), "America/Chicago"},
+        {QStringLiteral("5"), "America/Chicago"},      {QStringLiteral("6"), "America/Chicago"},
+        {QStringLiteral("7"), "America/New_York"},     {QStringLiteral("8"), "America/New_York"},
+        {QStringLiteral("9"), "America/New_York"},     {QStringLiteral("10"), "America/New_York"},
+        {QStringLiteral("11"), "America/New_York"},    {QStringLiteral("12"), "America/Toronto"},
+        {QStringLiteral("13"), "America/Vancouver"},   {QStringLiteral("14"), "America/Los_Angeles"},
         {QStringLiteral("15"), "America/Los_Angeles"}, {QStringLiteral("16"), "America/Los_Angeles"},
     };
     const auto known = zoneByStadiumID.constFind(venue.id);
@@ -149,7 +150,7 @@ std::optional<QTimeZone> fallbackTimeZone(const QString &city, const QString &co
             return cachedTimeZone("America/Vancouver");
     } else if (country == QLatin1StringView("Mexico")) {
         return cachedTimeZone(place.contains(QLatin1StringView("monterrey")) ? "America/Monterrey"
-                                                                            : "America/Mexico_City");
+                                                                             : "America/Mexico_City");
     }
     if (containsAny({"angeles", "inglewood", "santa clara", "francisco", "seattle"}))
         return cachedTimeZone("America/Los_Angeles");

@@ -24,8 +24,7 @@ public:
 private:
     template<std::size_t Index, typename V>
     Result(std::in_place_index_t<Index> index, V &&value) : m_state(index, std::forward<V>(value))
-    {
-    }
+    {}
 
     std::variant<T, E> m_state;
 };

@@ -20,11 +20,26 @@ QString WCFormatters::format(const QDateTime &instant, QStringView pattern) cons
     return QLocale::c().toString(instant.toTimeZone(m_zone), pattern);
 }
 
-QString WCFormatters::dateKey(const QDateTime &instant) const { return format(instant, u"yyyy-MM-dd"); }
-QString WCFormatters::friendlyDate(const QDateTime &instant) const { return format(instant, u"ddd, MMM d"); }
-QString WCFormatters::weekdayShort(const QDateTime &instant) const { return format(instant, u"ddd"); }
-QString WCFormatters::dayNumber(const QDateTime &instant) const { return format(instant, u"d"); }
-QString WCFormatters::kickoffTime(const QDateTime &instant) const { return format(instant, u"HH:mm"); }
+QString WCFormatters::dateKey(const QDateTime &instant) const
+{
+    return format(instant, u"yyyy-MM-dd");
+}
+QString WCFormatters::friendlyDate(const QDateTime &instant) const
+{
+    return format(instant, u"ddd, MMM d");
+}
+QString WCFormatters::weekdayShort(const QDateTime &instant) const
+{
+    return format(instant, u"ddd");
+}
+QString WCFormatters::dayNumber(const QDateTime &instant) const
+{
+    return format(instant, u"d");
+}
+QString WCFormatters::kickoffTime(const QDateTime &instant) const
+{
+    return format(instant, u"HH:mm");
+}
 QString WCFormatters::kickoffFull(const QDateTime &instant) const
 {
     return format(instant, u"ddd, MMM d \u00b7 HH:mm");
