@@ -1,0 +1,16 @@
+#include "UpdatePhase.h"
+
+UpdatePhase UpdatePhase::available(const QString &version)
+{
+    return UpdatePhase(Kind::available, version);
+}
+
+UpdatePhase UpdatePhase::downloading(double progress)
+{
+    return UpdatePhase(Kind::downloading, {}, progress);
+}
+
+UpdatePhase UpdatePhase::error(const QString &message)
+{
+    return UpdatePhase(Kind::error, message);
+}
