@@ -1,0 +1,3 @@
+#include "FeedLogging.h"
+
+Q_LOGGING_CATEGORY(lcFeed, "pitchlark.feed", QtInfoMsg)
