@@ -400,6 +400,7 @@ void UpdateControllerTest::checksFollowTheEngine()
     QSignalSpy spy(controller.get(), &UpdateController::canCheckForUpdatesChanged);
 
     QVERIFY(controller->canCheckForUpdates());
+    QCOMPARE(controller->unavailableReason(), QString());
     controller->checkForUpdates();
     QCOMPARE(engine->checks(), 1);
 
@@ -422,6 +423,7 @@ void UpdateControllerTest::failedStartDisablesChecks()
 
     QVERIFY2(!watched, "an engine that failed to start is not kept");
     QVERIFY(!controller.canCheckForUpdates());
+    QCOMPARE(controller.unavailableReason(), "Updates are managed by your package manager.");
     controller.checkForUpdates();
     QCOMPARE(controller.phase(), UpdatePhase::idle());
 }

@@ -28,6 +28,7 @@ UpdateController::UpdateController(std::unique_ptr<UpdateEngine> engine, UpdateD
 {
     if (const auto failure = engine->start(*this)) {
         qCWarning(lcUpdates).noquote() << "Sparkle failed to start: " + *failure;
+        m_unavailableReason = *failure;
         return;
     }
     m_engine = std::move(engine);

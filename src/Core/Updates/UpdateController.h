@@ -30,6 +30,8 @@ class UpdateController final : public QObject, public UpdateUserDriver {
     Q_PROPERTY(QString iconName READ iconName NOTIFY phaseChanged)
     Q_PROPERTY(QString secondaryTitle READ secondaryTitle NOTIFY phaseChanged)
     Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates NOTIFY canCheckForUpdatesChanged)
+    // Why this program cannot update itself, for the settings screen; empty when it can.
+    Q_PROPERTY(QString unavailableReason READ unavailableReason CONSTANT)
 
 public:
     // Starts the engine with this controller as its driver. An engine that cannot start is dropped,
@@ -40,6 +42,7 @@ public:
     UpdatePhase phase() const { return m_phase; }
     bool isUserInitiated() const { return m_isUserInitiated; }
     bool canCheckForUpdates() const;
+    QString unavailableReason() const { return m_unavailableReason; }
 
     QString statusTitle() const;
     QString statusSubtitle() const;
@@ -92,6 +95,7 @@ private:
     bool m_isUserInitiated = false;
     // Absent when the engine failed to start.
     std::unique_ptr<UpdateEngine> m_engine;
+    QString m_unavailableReason;
     UpdateChoiceReply m_updateReply;
     UpdateChoiceReply m_installReply;
     std::uint64_t m_expectedLength = 0;

@@ -1,0 +1,247 @@
+#include "Appcast.h"
+#include "SecureUpdateURL.h"
+#include "TestSigningKey.h"
+#include "UpdateSignature.h"
+#include "UpdateVersion.h"
+
+#include <QTemporaryFile>
+#include <QTest>
+
+namespace {
+
+QByteArray rss(const QByteArray &items, const QByteArray &prefix = "sparkle")
+{
+    return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<rss version=\"2.0\" xmlns:" + prefix +
+           "=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel><title>Pitchlark</title>" +
+           items + "</channel></rss>";
+}
+
+QByteArray enclosureItem(const QByteArray &attributes)
+{
+    return "<item><title>Release</title><enclosure " + attributes +
+           " type=\"application/octet-stream\"/></item>";
+}
+
+const QByteArray plain =
+    "url=\"https://example.org/P.AppImage\" length=\"1000\" sparkle:edSignature=\"c2ln\"";
+
+// One item as "version|display|length|signature".
+QStringList describe(const Appcast &appcast)
+{
+    QStringList items;
+    for (const AppcastItem &item : appcast.items)
+        items << QStringLiteral("%1|%2|%3|%4")
+                     .arg(item.versionString, item.displayVersionString, QString::number(item.length),
+                          QString::fromLatin1(item.edSignature));
+    return items;
+}
+
+} // namespace
+
+class AppcastTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void versionOrder_data();
+    void versionOrder();
+    void malformedVersions_data();
+    void malformedVersions();
+    void parse_data();
+    void parse();
+    void newestUpdate_data();
+    void newestUpdate();
+    void signature_data();
+    void signature();
+    void secureURL_data();
+    void secureURL();
+};
+
+void AppcastTest::versionOrder_data()
+{
+    QTest::addColumn<QString>("older");
+    QTest::addColumn<QString>("newer");
+    QTest::newRow("numbers, not text") << "1.9"
+                                       << "1.10";
+    QTest::newRow("major wins") << "1.99.99"
+                                << "2";
+    QTest::newRow("extra component") << "1.2"
+                                     << "1.2.1";
+    QTest::newRow("leading zeros") << "1.01"
+                                   << "1.2";
+    QTest::newRow("beyond 32 bits") << "4294967296"
+                                    << "4294967297";
+    QTest::newRow("largest component") << "1.18446744073709551614"
+                                       << "1.18446744073709551615";
+}
+
+void AppcastTest::versionOrder()
+{
+    QFETCH(QString, older);
+    QFETCH(QString, newer);
+    const auto a = UpdateVersion::parse(older);
+    const auto b = UpdateVersion::parse(newer);
+    QVERIFY(a && b);
+    QVERIFY(*a < *b);
+    QVERIFY(*b > *a);
+    QVERIFY(*a != *b);
+    QCOMPARE(UpdateVersion::parse(older + QStringLiteral(".0")), a);
+}
+
+void AppcastTest::malformedVersions_data()
+{
+    QTest::addColumn<QString>("text");
+    for (const char *text :
+         {"", ".", "1..2", "1.2.", "1.2-beta", " 1.2", "+1", "v2", "1.18446744073709551616"})
+        QTest::newRow(text) << QString::fromLatin1(text);
+}
+
+void AppcastTest::malformedVersions()
+{
+    QFETCH(QString, text);
+    QCOMPARE(UpdateVersion::parse(text), std::nullopt);
+}
+
+void AppcastTest::parse_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<QStringList>("items");
+
+    QTest::newRow("versions on the enclosure")
+        << rss(enclosureItem("sparkle:version=\"12\" sparkle:shortVersionString=\"1.2\" " + plain))
+        << QStringList{"12|1.2|1000|c2ln"};
+    QTest::newRow("versions as item elements")
+        << rss("<item><sparkle:version>13</sparkle:version>"
+               "<sparkle:shortVersionString>1.3</sparkle:shortVersionString><enclosure " +
+               plain + "/></item>")
+        << QStringList{"13|1.3|1000|c2ln"};
+    QTest::newRow("no display version")
+        << rss(enclosureItem("sparkle:version=\"2.0.1\" " + plain)) << QStringList{"2.0.1|2.0.1|1000|c2ln"};
+    QTest::newRow("another prefix for the namespace")
+        << rss(enclosureItem("s:version=\"3\" url=\"https://e.org/a\" length=\"5\" s:edSignature=\"eA==\""),
+               "s")
+        << QStringList{"3|3|5|eA=="};
+    QTest::newRow("unsigned") << rss(enclosureItem(
+                                     "sparkle:version=\"4\" url=\"https://e.org/a\" length=\"9\""))
+                              << QStringList{"4|4|9|"};
+    QTest::newRow("only Linux enclosures")
+        << rss(enclosureItem("sparkle:version=\"5\" sparkle:os=\"macos\" " + plain) +
+               enclosureItem("sparkle:version=\"6\" sparkle:os=\"linux\" " + plain))
+        << QStringList{"6|6|1000|c2ln"};
+    QTest::newRow("unusable items are left out")
+        << rss("<item><title>News only</title></item>" +
+               enclosureItem("sparkle:version=\"7\" url=\"https://e.org/a\" sparkle:edSignature=\"c2ln\"") +
+               enclosureItem("sparkle:version=\"7\" url=\"https://e.org/a\" length=\"-3\"") +
+               enclosureItem("sparkle:version=\"7\" url=\"https://e.org/a\" length=\"lots\"") +
+               enclosureItem("sparkle:version=\"7\" url=\"/relative/a\" length=\"3\"") +
+               enclosureItem("sparkle:version=\"7-beta\" " + plain) + enclosureItem(plain) +
+               enclosureItem("sparkle:version=\"8\" " + plain))
+        << QStringList{"8|8|1000|c2ln"};
+    QTest::newRow("unknown elements are skipped")
+        << rss("<atom:link xmlns:atom=\"http://www.w3.org/2005/Atom\" "
+               "href=\"x\"/><item><description><![CDATA[<b>"
+               "new</b>]]></description><enclosure sparkle:version=\"9\" " +
+               plain + "/></item>")
+        << QStringList{"9|9|1000|c2ln"};
+    QTest::newRow("an empty channel") << rss("") << QStringList{};
+}
+
+void AppcastTest::parse()
+{
+    QFETCH(QByteArray, xml);
+    const auto appcast = Appcast::parse(xml);
+    QVERIFY2(appcast.ok(), qPrintable(appcast.ok() ? QString() : appcast.error()));
+    QTEST(describe(*appcast), "items");
+}
+
+void AppcastTest::newestUpdate_data()
+{
+    QTest::addColumn<QStringList>("versions");
+    QTest::addColumn<QString>("current");
+    QTest::addColumn<QString>("newest"); // empty: none
+
+    QTest::newRow("newest of several, in any order") << QStringList{"1.2", "1.10", "1.9"} << "1.0"
+                                                     << "1.10";
+    QTest::newRow("same version") << QStringList{"1.0.0"} << "1.0"
+                                  << "";
+    QTest::newRow("only older") << QStringList{"0.9", "0.1"} << "1.0"
+                                << "";
+    QTest::newRow("empty appcast") << QStringList{} << "1.0"
+                                   << "";
+}
+
+void AppcastTest::newestUpdate()
+{
+    QFETCH(QStringList, versions);
+    QFETCH(QString, current);
+    QFETCH(QString, newest);
+    Appcast appcast;
+    for (const QString &version : versions) {
+        AppcastItem item;
+        item.versionString = version;
+        appcast.items << item;
+    }
+    const auto found = appcast.newestUpdate(*UpdateVersion::parse(current));
+    QCOMPARE(found ? found->versionString : QString(), newest);
+}
+
+void AppcastTest::signature_data()
+{
+    QTest::addColumn<QByteArray>("message");
+    QTest::addColumn<QByteArray>("signature");
+    QTest::addColumn<QByteArray>("publicKey");
+    QTest::addColumn<bool>("valid");
+
+    const TestSigningKey key;
+    const TestSigningKey otherKey;
+    const QByteArray release("the release's bytes");
+    QTest::newRow("signed") << release << key.sign(release) << key.publicKey() << true;
+    QTest::newRow("empty release, signed") << QByteArray() << key.sign({}) << key.publicKey() << true;
+    QTest::newRow("one byte changed")
+        << QByteArray("the release's bytez") << key.sign(release) << key.publicKey() << false;
+    QTest::newRow("another key") << release << otherKey.sign(release) << key.publicKey() << false;
+    QTest::newRow("no signature") << release << QByteArray() << key.publicKey() << false;
+    QTest::newRow("not base64") << release << QByteArray("not*base64!") << key.publicKey() << false;
+    QTest::newRow("short signature") << release << key.sign(release).left(40) << key.publicKey() << false;
+    QTest::newRow("short key") << release << key.sign(release) << key.publicKey().left(31) << false;
+}
+
+void AppcastTest::signature()
+{
+    QFETCH(QByteArray, message);
+    QFETCH(QByteArray, signature);
+    QFETCH(QByteArray, publicKey);
+    QFETCH(bool, valid);
+    QCOMPARE(UpdateSignature::isValid(message, signature, publicKey), valid);
+
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    file.write(message);
+    file.flush();
+    QCOMPARE(UpdateSignature::isValidForFile(file.fileName(), signature, publicKey), valid);
+}
+
+void AppcastTest::secureURL_data()
+{
+    QTest::addColumn<QString>("url");
+    QTest::addColumn<bool>("secure");
+    QTest::newRow("https") << "https://updates.example.org/appcast.xml" << true;
+    QTest::newRow("http to 127.0.0.1") << "http://127.0.0.1:8080/appcast.xml" << true;
+    QTest::newRow("http to 127.0.0.2") << "http://127.0.0.2/appcast.xml" << true;
+    QTest::newRow("http to ::1") << "http://[::1]:8080/appcast.xml" << true;
+    QTest::newRow("http to localhost") << "http://localhost/appcast.xml" << true;
+    QTest::newRow("http elsewhere") << "http://updates.example.org/appcast.xml" << false;
+    QTest::newRow("http to a name that starts with a loopback address")
+        << "http://127.0.0.1.example.org/a" << false;
+    QTest::newRow("file") << "file:///tmp/appcast.xml" << false;
+    QTest::newRow("no host") << "https:///appcast.xml" << false;
+    QTest::newRow("empty") << "" << false;
+}
+
+void AppcastTest::secureURL()
+{
+    QFETCH(QString, url);
+    QTEST(isSecureUpdateURL(QUrl(url)), "secure");
+}
+
+QTEST_GUILESS_MAIN(AppcastTest)
+#include "tst_Appcast.moc"
