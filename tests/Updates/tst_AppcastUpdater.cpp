@@ -1,0 +1,398 @@
+#include "AppcastUpdater.h"
+#include "TestSigningKey.h"
+#include "UpdateController.h"
+#include "UpdateServer.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+const QFile::Permissions appImageMode = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+                                        QFile::ReadGroup | QFile::ExeGroup | QFile::ReadUser |
+                                        QFile::WriteUser | QFile::ExeUser;
+const QByteArray installedProgram = "the installed program";
+
+// Several chunks' worth, so that progress is reported more than once.
+QByteArray releaseBytes()
+{
+    QByteArray bytes(600 * 1024, Qt::Uninitialized);
+    for (qsizetype i = 0; i < bytes.size(); ++i)
+        bytes[i] = char((i * 7) % 251);
+    return bytes;
+}
+
+QByteArray appcast(const QByteArray &version, const QUrl &url, qint64 length, const QByteArray &signature)
+{
+    QByteArray enclosure = "<enclosure url=\"" + url.toEncoded() + "\" sparkle:version=\"" + version +
+                           "\" sparkle:shortVersionString=\"" + version + "\" length=\"" +
+                           QByteArray::number(length) + "\" type=\"application/octet-stream\"";
+    if (!signature.isEmpty())
+        enclosure += " sparkle:edSignature=\"" + signature + "\"";
+    return "<?xml version=\"1.0\" encoding=\"utf-8\"?><rss version=\"2.0\" "
+           "xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel><title>Pitchlark</"
+           "title>"
+           "<item><title>Pitchlark " +
+           version + "</title>" + enclosure + "/></item></channel></rss>";
+}
+
+// A program installed as an AppImage, in a folder of its own. The file stands in for a real AppImage:
+// the engine never looks inside it, it only replaces it and starts it.
+struct Installation {
+    QTemporaryDir folder;
+    QTemporaryDir configFolder;
+    QString appImagePath = folder.filePath(QStringLiteral("Pitchlark.AppImage"));
+    QString settingsPath = configFolder.filePath(QStringLiteral("pitchlark.conf"));
+    QStringList relaunched;
+
+    Installation()
+    {
+        QFile file(appImagePath);
+        if (!file.open(QIODevice::WriteOnly) || file.write(installedProgram) != installedProgram.size())
+            qFatal("cannot create the stand-in AppImage");
+        file.close();
+        file.setPermissions(appImageMode);
+        setAutomaticChecks(false);
+    }
+
+    void setAutomaticChecks(std::optional<bool> enabled)
+    {
+        QSettings settings(settingsPath, QSettings::IniFormat);
+        if (enabled)
+            settings.setValue(QStringLiteral("AutomaticUpdateChecks"), *enabled);
+        else
+            settings.remove(QStringLiteral("AutomaticUpdateChecks"));
+    }
+
+    QByteArray appImageBytes() const
+    {
+        QFile file(appImagePath);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    // Nothing but the AppImage: a failed or finished download leaves no temporary file behind.
+    QStringList folderEntries() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
+
+    AppcastUpdater::Options options(const UpdateServer &server, const TestSigningKey &key)
+    {
+        AppcastUpdater::Options options;
+        options.appcastURL = server.appcastURL();
+        options.publicKey = key.publicKey();
+        options.currentVersion = QStringLiteral("1.0");
+        options.appImagePath = appImagePath;
+        options.settingsPath = settingsPath;
+        options.firstBackgroundCheckDelay = 0ms;
+        options.transferTimeout = 5s;
+        // Recorded, not performed: starting the stand-in would fail and quitting would end the test.
+        options.relaunch = [this](const QString &path) { relaunched << path; };
+        return options;
+    }
+};
+
+// Long enough that no flow returns to idle while a test looks at it.
+constexpr UpdateDisplayTimes steadyDisplay{.upToDate = 1h, .error = 1h};
+
+} // namespace
+
+class AppcastUpdaterTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY(m_server.isListening()); }
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
+
+    void userCheck_data();
+    void userCheck();
+    void failedDownloadsInstallNothing_data();
+    void failedDownloadsInstallNothing();
+    void goodUpdateReplacesTheAppImageAndRelaunches();
+    void downloadedUpdateWaitsAndIsInstalledOnQuit();
+    void startFailures_data();
+    void startFailures();
+    void backgroundChecks_data();
+    void backgroundChecks();
+
+private:
+    UpdateServer m_server;
+    TestSigningKey m_key;
+    QByteArray m_release = releaseBytes();
+};
+
+void AppcastUpdaterTest::userCheck_data()
+{
+    QTest::addColumn<QByteArray>("appcast");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<UpdatePhase>("phase");
+
+    const QUrl url = m_server.releaseURL();
+    const QByteArray signature = m_key.sign(m_release);
+    const int ok = 200;
+    QTest::newRow("a newer release") << appcast("2.0", url, m_release.size(), signature) << ok
+                                     << UpdatePhase::available(QStringLiteral("2.0"));
+    QTest::newRow("the installed release")
+        << appcast("1.0.0", url, m_release.size(), signature) << ok << UpdatePhase::upToDate();
+    QTest::newRow("only an older release")
+        << appcast("0.9", url, m_release.size(), signature) << ok << UpdatePhase::upToDate();
+    QTest::newRow("a broken appcast")
+        << QByteArray("<rss><channel><item><enclosure") << ok
+        << UpdatePhase::error(QStringLiteral("The update feed couldn't be read."));
+    QTest::newRow("not an appcast") << QByteArray("{\"version\": \"2.0\"}") << ok
+                                    << UpdatePhase::error(
+                                           QStringLiteral("The update feed couldn't be read."));
+    QTest::newRow("a server error")
+        << QByteArray("oops") << 500
+        << UpdatePhase::error(
+               QStringLiteral("Couldn't reach the update server. Check your connection and try again."));
+}
+
+void AppcastUpdaterTest::userCheck()
+{
+    QFETCH(QByteArray, appcast);
+    QFETCH(int, status);
+    QFETCH(UpdatePhase, phase);
+    m_server.setAppcast(appcast, QHttpServerResponse::StatusCode(status));
+    Installation installation;
+    auto engine = std::make_unique<AppcastUpdater>(installation.options(m_server, m_key));
+    UpdateController controller(std::move(engine), steadyDisplay);
+
+    QVERIFY(controller.canCheckForUpdates());
+    controller.checkForUpdates();
+    QCOMPARE(controller.phase(), UpdatePhase::checking());
+    QVERIFY2(!controller.canCheckForUpdates(), "one check at a time");
+
+    QTRY_VERIFY(controller.phase() != UpdatePhase::checking());
+    QCOMPARE(controller.phase(), phase);
+    QVERIFY(controller.isUserInitiated());
+    if (phase.kind() == UpdatePhase::Kind::available) {
+        QCOMPARE(controller.statusSubtitle(), "Pitchlark 2.0 is ready to install.");
+        QVERIFY(controller.canCheckForUpdates());
+    }
+    QVERIFY(QSettings(installation.settingsPath, QSettings::IniFormat).contains("LastUpdateCheckTime"));
+}
+
+void AppcastUpdaterTest::failedDownloadsInstallNothing_data()
+{
+    QTest::addColumn<QByteArray>("served");
+    QTest::addColumn<QByteArray>("signature");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("message");
+
+    const TestSigningKey stranger;
+    QByteArray tampered = m_release;
+    tampered[tampered.size() / 2] = char(tampered[tampered.size() / 2] ^ 1);
+    const QByteArray signature = m_key.sign(m_release);
+    const QString badSignature = QStringLiteral("The update's signature isn't valid.");
+
+    QTest::newRow("one byte changed in transit") << tampered << signature << 200 << badSignature;
+    QTest::newRow("signed with another key") << m_release << stranger.sign(m_release) << 200 << badSignature;
+    QTest::newRow("signature is not base64") << m_release << QByteArray("%%%") << 200 << badSignature;
+    QTest::newRow("unsigned") << m_release << QByteArray() << 200
+                              << QStringLiteral("The update isn't signed.");
+    QTest::newRow("truncated") << m_release.left(m_release.size() / 2) << signature << 200
+                               << QStringLiteral("The update download was incomplete.");
+    QTest::newRow("oversized") << m_release + QByteArray(AppcastUpdater::lengthMargin + 1, 'x') << signature
+                               << 200 << QStringLiteral("The update is larger than announced.");
+    QTest::newRow("missing on the server")
+        << QByteArray("not here") << signature << 404
+        << QStringLiteral("The update couldn't be downloaded. Check your connection and try again.");
+}
+
+void AppcastUpdaterTest::failedDownloadsInstallNothing()
+{
+    QFETCH(QByteArray, served);
+    QFETCH(QByteArray, signature);
+    QFETCH(int, status);
+    QFETCH(QString, message);
+    m_server.setAppcast(appcast("2.0", m_server.releaseURL(), m_release.size(), signature));
+    m_server.setRelease(served, QHttpServerResponse::StatusCode(status));
+    Installation installation;
+    UpdateController controller(std::make_unique<AppcastUpdater>(installation.options(m_server, m_key)),
+                                steadyDisplay);
+
+    controller.checkForUpdates();
+    QTRY_COMPARE(controller.phase().kind(), UpdatePhase::Kind::available);
+    controller.primaryAction();
+    QTRY_COMPARE(controller.phase().kind(), UpdatePhase::Kind::error);
+
+    QCOMPARE(controller.phase().message(), message);
+    controller.primaryAction();
+    QCOMPARE(controller.phase().kind(), UpdatePhase::Kind::error);
+    QCOMPARE(installation.appImageBytes(), installedProgram);
+    QCOMPARE(QFile::permissions(installation.appImagePath), appImageMode);
+    QCOMPARE(installation.folderEntries(), QStringList{"Pitchlark.AppImage"});
+    QCOMPARE(installation.relaunched, QStringList{});
+}
+
+void AppcastUpdaterTest::goodUpdateReplacesTheAppImageAndRelaunches()
+{
+    m_server.setAppcast(appcast("2.0", m_server.releaseURL(), m_release.size(), m_key.sign(m_release)));
+    m_server.setRelease(m_release);
+    Installation installation;
+    UpdateController controller(std::make_unique<AppcastUpdater>(installation.options(m_server, m_key)),
+                                steadyDisplay);
+    QList<double> progress;
+    connect(&controller, &UpdateController::phaseChanged, this, [&] {
+        if (controller.phase().kind() == UpdatePhase::Kind::downloading)
+            progress << controller.phase().progress();
+    });
+
+    controller.checkForUpdates();
+    QTRY_COMPARE(controller.phase().kind(), UpdatePhase::Kind::available);
+    controller.primaryAction();
+    QTRY_COMPARE(controller.phase(), UpdatePhase::readyToRelaunch());
+
+    QVERIFY2(progress.size() > 2, "the download reports its progress chunk by chunk");
+    QCOMPARE(progress.first(), UpdatePhase::indeterminate);
+    QVERIFY(std::is_sorted(progress.begin() + 1, progress.end() - 1));
+    QCOMPARE(progress.at(progress.size() - 2), 1.0);
+    QCOMPARE(progress.last(), UpdatePhase::indeterminate); // checking the signature
+    QCOMPARE(installation.appImageBytes(), installedProgram);
+    QCOMPARE(installation.relaunched, QStringList{});
+
+    controller.primaryAction();
+    QCOMPARE(controller.phase(), UpdatePhase::installing());
+    QCOMPARE(installation.relaunched, QStringList{installation.appImagePath});
+    QCOMPARE(installation.appImageBytes(), m_release);
+    QCOMPARE(QFile::permissions(installation.appImagePath), appImageMode);
+    QCOMPARE(installation.folderEntries(), QStringList{"Pitchlark.AppImage"});
+
+    controller.primaryAction();
+    QCOMPARE(installation.relaunched.size(), 1);
+}
+
+void AppcastUpdaterTest::downloadedUpdateWaitsAndIsInstalledOnQuit()
+{
+    m_server.setAppcast(appcast("2.0", m_server.releaseURL(), m_release.size(), m_key.sign(m_release)));
+    m_server.setRelease(m_release);
+    Installation installation;
+    auto owned = std::make_unique<AppcastUpdater>(installation.options(m_server, m_key));
+    AppcastUpdater *engine = owned.get();
+    UpdateController controller(std::move(owned), steadyDisplay);
+    const int releaseRequests = m_server.releaseRequests();
+
+    controller.checkForUpdates();
+    QTRY_COMPARE(controller.phase().kind(), UpdatePhase::Kind::available);
+    controller.primaryAction();
+    QTRY_COMPARE(controller.phase(), UpdatePhase::readyToRelaunch());
+    controller.dismiss();
+    QCOMPARE(controller.phase(), UpdatePhase::idle());
+
+    // Asked again, the release that is already here is offered without a second download.
+    QVERIFY(controller.canCheckForUpdates());
+    controller.checkForUpdates();
+    QTRY_COMPARE(controller.phase().kind(), UpdatePhase::Kind::available);
+    controller.primaryAction();
+    QCOMPARE(controller.phase(), UpdatePhase::readyToRelaunch());
+    QCOMPARE(m_server.releaseRequests(), releaseRequests + 1);
+    controller.dismiss();
+
+    QCOMPARE(installation.appImageBytes(), installedProgram);
+    engine->installOnQuit();
+    QCOMPARE(installation.appImageBytes(), m_release);
+    QCOMPARE(QFile::permissions(installation.appImagePath), appImageMode);
+    QCOMPARE(installation.folderEntries(), QStringList{"Pitchlark.AppImage"});
+    QCOMPARE(installation.relaunched, QStringList{});
+}
+
+void AppcastUpdaterTest::startFailures_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("not an AppImage") << "appImagePath"
+                                     << ""
+                                     << "Updates are managed by your package manager.";
+    QTest::newRow("no public key") << "publicKey"
+                                   << ""
+                                   << "This build has no key to check updates with.";
+    QTest::newRow("no usable version") << "currentVersion"
+                                       << "1.0-dev"
+                                       << "This build has no version to compare updates with.";
+    QTest::newRow("plain http elsewhere") << "appcastURL"
+                                          << "http://updates.example.org/appcast.xml"
+                                          << "The update feed must be served over HTTPS.";
+}
+
+void AppcastUpdaterTest::startFailures()
+{
+    QFETCH(QString, field);
+    QFETCH(QString, value);
+    QFETCH(QString, reason);
+    Installation installation;
+    installation.setAutomaticChecks(true);
+    AppcastUpdater::Options options = installation.options(m_server, m_key);
+    if (field == u"appImagePath")
+        options.appImagePath = value;
+    else if (field == u"publicKey")
+        options.publicKey = value.toLatin1();
+    else if (field == u"currentVersion")
+        options.currentVersion = value;
+    else if (field == u"appcastURL")
+        options.appcastURL = QUrl(value);
+    const int requests = m_server.appcastRequests();
+    QTest::ignoreMessage(QtWarningMsg, qPrintable(QStringLiteral("Sparkle failed to start: ") + reason));
+
+    UpdateController controller(std::make_unique<AppcastUpdater>(options), steadyDisplay);
+
+    QCOMPARE(controller.unavailableReason(), reason);
+    QVERIFY(!controller.canCheckForUpdates());
+    controller.checkForUpdates();
+    QTest::qWait(50);
+    QCOMPARE(m_server.appcastRequests(), requests);
+    QCOMPARE(controller.phase(), UpdatePhase::idle());
+}
+
+void AppcastUpdaterTest::backgroundChecks_data()
+{
+    QTest::addColumn<std::optional<bool>>("automaticChecks");
+    QTest::addColumn<std::optional<int>>("lastCheckHoursAgo");
+    QTest::addColumn<bool>("checks");
+
+    QTest::newRow("first run: asks, then checks") << std::optional<bool>() << std::optional<int>() << true;
+    QTest::newRow("turned off") << std::optional<bool>(false) << std::optional<int>() << false;
+    QTest::newRow("checked an hour ago") << std::optional<bool>(true) << std::optional<int>(1) << false;
+    QTest::newRow("checked yesterday") << std::optional<bool>(true) << std::optional<int>(25) << true;
+}
+
+void AppcastUpdaterTest::backgroundChecks()
+{
+    QFETCH(std::optional<bool>, automaticChecks);
+    QFETCH(std::optional<int>, lastCheckHoursAgo);
+    QFETCH(bool, checks);
+    m_server.setAppcast(appcast("2.0", m_server.releaseURL(), m_release.size(), m_key.sign(m_release)));
+    Installation installation;
+    installation.setAutomaticChecks(automaticChecks);
+    if (lastCheckHoursAgo) {
+        QSettings(installation.settingsPath, QSettings::IniFormat)
+            .setValue("LastUpdateCheckTime", QDateTime::currentDateTimeUtc()
+                                                 .addSecs(-3600 * *lastCheckHoursAgo)
+                                                 .toString(Qt::ISODateWithMs));
+    }
+    const int requests = m_server.appcastRequests();
+
+    UpdateController controller(std::make_unique<AppcastUpdater>(installation.options(m_server, m_key)),
+                                steadyDisplay);
+
+    if (checks) {
+        QTRY_COMPARE(controller.phase(), UpdatePhase::available(QStringLiteral("2.0")));
+        QVERIFY2(!controller.isUserInitiated(), "found by a background check: the toast, not the modal");
+        const QSettings settings(installation.settingsPath, QSettings::IniFormat);
+        QCOMPARE(settings.value("AutomaticUpdateChecks").toString(), "true");
+        const QDateTime lastCheck =
+            QDateTime::fromString(settings.value("LastUpdateCheckTime").toString(), Qt::ISODateWithMs);
+        QVERIFY(lastCheck.secsTo(QDateTime::currentDateTimeUtc()) < 60);
+    } else {
+        QTest::qWait(200);
+        QCOMPARE(controller.phase(), UpdatePhase::idle());
+    }
+    QCOMPARE(m_server.appcastRequests(), requests + (checks ? 1 : 0));
+}
+
+QTEST_GUILESS_MAIN(AppcastUpdaterTest)
+#include "tst_AppcastUpdater.moc"
