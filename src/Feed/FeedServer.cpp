@@ -1,6 +1,7 @@
 #include "FeedServer.h"
 
 #include "FeedLogging.h"
+#include "LowDelayTcpServer.h"
 
 #include <QHttpServerRequest>
 #include <QHttpServerResponder>
@@ -60,7 +61,15 @@ FeedServer::FeedServer(const Tournament &tournament, TournamentClock clock, Elap
 
 quint16 FeedServer::listen(const QHostAddress &address, quint16 port)
 {
-    return m_http.listen(address, port);
+    auto tcpServer = std::make_unique<LowDelayTcpServer>();
+    if (!tcpServer->listen(address, port)) {
+        qCWarning(lcFeed) << "cannot listen on" << address.toString() << port << ":"
+                          << tcpServer->errorString();
+        return 0;
+    }
+    const quint16 listening = tcpServer->serverPort();
+    m_http.bind(tcpServer.release());
+    return listening;
 }
 
 QJsonArray FeedServer::list(FeedEndpoint endpoint, Instant instant) const
