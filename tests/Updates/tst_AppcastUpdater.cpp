@@ -144,6 +144,9 @@ void AppcastUpdaterTest::userCheck_data()
     QTest::newRow("not an appcast") << QByteArray("{\"version\": \"2.0\"}") << ok
                                     << UpdatePhase::error(
                                            QStringLiteral("The update feed couldn't be read."));
+    QTest::newRow("an appcast too large to be one")
+        << QByteArray(AppcastUpdater::maximumAppcastSize + 1, ' ') << ok
+        << UpdatePhase::error(QStringLiteral("The update feed couldn't be read."));
     QTest::newRow("a server error")
         << QByteArray("oops") << 500
         << UpdatePhase::error(

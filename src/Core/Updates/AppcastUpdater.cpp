@@ -148,15 +148,17 @@ QCoro::Task<> AppcastUpdater::check(bool userInitiated)
         co_return;
     recordCheckTime();
 
+    const QString unreadable = QStringLiteral("The update feed couldn't be read.");
     std::optional<QString> error;
     std::optional<AppcastItem> newest;
-    if (failure && failure->kind == TransferFailure::Kind::network) {
-        error = QStringLiteral("Couldn't reach the update server. Check your connection and try again.");
-    } else if (const auto appcast = Appcast::parse(body.data()); failure || !appcast) {
-        error = QStringLiteral("The update feed couldn't be read.");
-    } else {
+    if (failure)
+        error = failure->kind == TransferFailure::Kind::network
+                    ? QStringLiteral("Couldn't reach the update server. Check your connection and try again.")
+                    : unreadable;
+    else if (const auto appcast = Appcast::parse(body.data()))
         newest = appcast->newestUpdate(*m_currentVersion);
-    }
+    else
+        error = unreadable;
 
     if (newest)
         offer(*newest, userInitiated);
