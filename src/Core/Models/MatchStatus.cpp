@@ -1,10 +1,9 @@
 #include "MatchStatus.h"
 
-#include <array>
-#include <utility>
+#include "Support/RawValueTable.h"
 
 namespace {
-const std::array<std::pair<MatchStatus, const char *>, 4> rawValues{{
+constexpr RawValueTable<MatchStatus, 4> rawValues{{
     {MatchStatus::scheduled, "scheduled"},
     {MatchStatus::inPlay, "in_play"},
     {MatchStatus::halfTime, "half_time"},
@@ -12,21 +11,6 @@ const std::array<std::pair<MatchStatus, const char *>, 4> rawValues{{
 }};
 } // namespace
 
-QString rawValue(MatchStatus status)
-{
-    for (const auto &[candidate, text] : rawValues) {
-        if (candidate == status)
-            return QString::fromLatin1(text);
-    }
-    Q_UNREACHABLE();
-    return {};
-}
+QString rawValue(MatchStatus status) { return textForCase(rawValues, status); }
 
-std::optional<MatchStatus> matchStatusFromRawValue(const QString &text)
-{
-    for (const auto &[status, candidate] : rawValues) {
-        if (text == QLatin1StringView(candidate))
-            return status;
-    }
-    return std::nullopt;
-}
+std::optional<MatchStatus> matchStatusFromRawValue(const QString &text) { return caseForText(rawValues, text); }

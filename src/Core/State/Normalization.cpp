@@ -11,14 +11,6 @@ namespace Normalization {
 
 namespace {
 
-QUrl flagURL(const APITeam *team)
-{
-    if (!team || team->flag.isEmpty())
-        return {};
-    const QUrl url(team->flag, QUrl::StrictMode);
-    return url.isValid() ? url : QUrl();
-}
-
 QString flagEmojiOf(const APITeam *team)
 {
     return team ? flagEmoji(team->iso2) : QString();
@@ -36,6 +28,14 @@ bool presentAndNotEmpty(const std::optional<QString> &text)
 }
 
 } // namespace
+
+QUrl flagURL(const APITeam &team)
+{
+    if (team.flag.isEmpty())
+        return {};
+    const QUrl url(team.flag, QUrl::StrictMode);
+    return url.isValid() ? url : QUrl();
+}
 
 Match normalizeMatch(const APIGame &game, const TeamTable &teamsByID, const StadiumTable &stadiumsByID,
                      const WCFormatters &formatters)
@@ -58,8 +58,8 @@ Match normalizeMatch(const APIGame &game, const TeamTable &teamsByID, const Stad
     match.awayCode = code(away, match.awayTeam);
     match.homeFlagEmoji = flagEmojiOf(home);
     match.awayFlagEmoji = flagEmojiOf(away);
-    match.homeFlagURL = flagURL(home);
-    match.awayFlagURL = flagURL(away);
+    match.homeFlagURL = (home ? flagURL(*home) : QUrl());
+    match.awayFlagURL = (away ? flagURL(*away) : QUrl());
     match.stadiumID = game.stadiumID;
     match.stadium = venue ? venue->nameEn : QStringLiteral("Venue TBD");
     match.city = venue ? venue->cityEn : QString();
@@ -90,7 +90,7 @@ GroupStanding normalizeStanding(const APIGroup &group, const TeamTable &teamsByI
         row.teamID = feedRow.teamID;
         row.team = team ? team->nameEn : QStringLiteral("TBD");
         row.code = team ? team->fifaCode : QString();
-        row.flagURL = flagURL(team);
+        row.flagURL = team ? flagURL(*team) : QUrl();
         row.played = count(feedRow.played);
         row.won = count(feedRow.won);
         row.drawn = count(feedRow.drawn);

@@ -30,6 +30,9 @@ GroupStanding normalizeStanding(const APIGroup &group, const TeamTable &teamsByI
 std::optional<QTimeZone> timeZone(const APIStadium &venue);
 std::optional<QTimeZone> fallbackTimeZone(const QString &city, const QString &country);
 
+// The team's flag image, when its text is a URL.
+QUrl flagURL(const APITeam &team);
+
 QString resolvedTeamName(const std::optional<QString> &explicitName, const APITeam *team,
                          const std::optional<QString> &placeholder);
 QString code(const APITeam *team, const QString &fallbackName);

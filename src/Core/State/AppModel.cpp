@@ -1,0 +1,395 @@
+#include "AppModel.h"
+
+#include "SettingsKeys.h"
+#include "XdgAutostartLoginItem.h"
+
+#include <QFile>
+
+namespace {
+
+QStringList groupLetters()
+{
+    QStringList letters;
+    for (const QChar letter : QStringLiteral("ABCDEFGHIJKL"))
+        letters.append(letter);
+    return letters;
+}
+
+} // namespace
+
+AppModel::AppModel(QObject *parent) : AppModel(Services(), parent) {}
+
+AppModel::AppModel(Services services, QObject *parent)
+    : QObject(parent), m_api(services.api ? services.api : &APIService::shared()),
+      m_settings(services.settings ? std::move(services.settings) : std::make_unique<SettingsStore>()),
+      m_loginItem(services.loginItem ? std::move(services.loginItem)
+                                     : std::make_unique<XdgAutostartLoginItem>()),
+      m_notifier(std::move(services.notifications)),
+      m_now(services.now ? std::move(services.now) : [] { return QDateTime::currentDateTimeUtc(); }),
+      m_applyTint(services.applyTint ? std::move(services.applyTint) : [](double, double) {}),
+      m_allGroups(groupLetters())
+{
+    m_selectedDate = WCFormatters::shared().dateKey(now());
+    m_bannerTimer.setSingleShot(true);
+    m_bannerTimer.setInterval(bannerLifetime);
+    loadSettings();
+    m_applyTint(m_glassTintHue, m_glassTint);
+    refreshStartAtLoginState();
+    hydrateFromCache();
+}
+
+AppModel::~AppModel()
+{
+    // No tick may start a fetch while the model is torn down.
+    if (m_pollingTimer) {
+        m_pollingTimer->disconnect();
+        m_pollingTimer->stop();
+    }
+}
+
+void AppModel::loadSettings()
+{
+    const auto favorites = m_settings->stringList(SettingsKeys::favoriteTeamIDs).value_or(QStringList());
+    m_favoriteTeamIDs = QSet<QString>(favorites.cbegin(), favorites.cend());
+    m_pinnedLiveMatchID = m_settings->string(SettingsKeys::pinnedLiveMatchID);
+    m_trayDisplayMode = trayDisplayModeFromRawValue(m_settings->string(SettingsKeys::trayDisplayMode).value_or(QString()))
+                            .value_or(TrayDisplayMode::automatic);
+    // 15, 60 and 300 are kept; every other number, and anything that is not a number, means 30 s.
+    m_refreshInterval = refreshIntervalFromSeconds(m_settings->integer(SettingsKeys::refreshIntervalSeconds).value_or(30))
+                            .value_or(RefreshInterval::thirty);
+    m_glassBlur = m_settings->real(SettingsKeys::glassBlur).value_or(m_glassBlur);
+    m_glassTintHue = m_settings->real(SettingsKeys::glassTintHue).value_or(m_glassTintHue);
+    m_glassTint = m_settings->real(SettingsKeys::glassTint).value_or(m_glassTint);
+    m_glassGrain = m_settings->real(SettingsKeys::glassGrain).value_or(m_glassGrain);
+    m_surfaceOpacity = m_settings->real(SettingsKeys::surfaceOpacity).value_or(m_surfaceOpacity);
+    m_notificationsEnabled = m_settings->boolean(SettingsKeys::notificationsEnabled).value_or(false);
+    m_notifyMatchStart = m_settings->boolean(SettingsKeys::notifyMatchStart).value_or(true);
+    m_notifyGoals = m_settings->boolean(SettingsKeys::notifyGoals).value_or(true);
+    m_notifyFullTime = m_settings->boolean(SettingsKeys::notifyFullTime).value_or(true);
+    m_inAppBanners = m_settings->boolean(SettingsKeys::inAppBanners).value_or(true);
+    // The floating style lasts only until the program quits: stored, never loaded.
+    m_floatingCards = false;
+}
+
+void AppModel::hydrateFromCache()
+{
+    // An endpoint whose cache is missing, unreadable or undecodable counts as an empty list.
+    const auto cachedList = [this]<typename Envelope, typename List>(const QString &path, List Envelope::*list) {
+        const auto file = m_api->cacheURL(path);
+        if (!file)
+            return List();
+        QFile cache(*file);
+        if (!cache.open(QIODevice::ReadOnly))
+            return List();
+        auto decoded = Envelope::decode(cache.readAll());
+        return decoded ? std::move(decoded).value().*list : List();
+    };
+    const QList<APIGame> games = cachedList(APIService::gamesPath, &APIGamesResponse::games);
+    const QList<APIGroup> groups = cachedList(APIService::groupsPath, &APIGroupsResponse::groups);
+    const QList<APITeam> teams = cachedList(APIService::teamsPath, &APITeamsResponse::teams);
+    const QList<APIStadium> stadiums = cachedList(APIService::stadiumsPath, &APIStadiumsResponse::stadiums);
+    if (games.isEmpty() && groups.isEmpty() && teams.isEmpty() && stadiums.isEmpty())
+        return;
+
+    applyTeams(teams);
+    applyStadiums(stadiums);
+    // Cached data raises no alerts: it is what the user saw last time.
+    if (!games.isEmpty())
+        applyMatches(games, false);
+    applyGroups(groups);
+    rebuildGlobalCaches();
+    applySelectedDateFilter();
+    if (const auto timestamp = m_api->cacheTimestamp())
+        setLastUpdated(*timestamp);
+}
+
+void AppModel::refreshStartAtLoginState()
+{
+    switch (m_loginItem->status()) {
+    case LoginItem::Status::enabled:
+        setStartAtLoginEnabled(true);
+        setStartAtLoginStatusMessage(std::nullopt);
+        break;
+    case LoginItem::Status::requiresApproval:
+        // The registration exists and only waits for the user, so the switch shows it as on.
+        setStartAtLoginEnabled(true);
+        setStartAtLoginStatusMessage(QStringLiteral("Approve Pitchlark in System Settings › Login Items."));
+        break;
+    case LoginItem::Status::notFound:
+        setStartAtLoginEnabled(false);
+        setStartAtLoginStatusMessage(QStringLiteral("Start at Login is unavailable for this build."));
+        break;
+    case LoginItem::Status::notRegistered:
+        setStartAtLoginEnabled(false);
+        setStartAtLoginStatusMessage(std::nullopt);
+        break;
+    }
+}
+
+void AppModel::updateStartAtLogin(bool enabled)
+{
+    const auto failure = enabled ? m_loginItem->registerItem() : m_loginItem->unregisterItem();
+    refreshStartAtLoginState();
+    if (failure)
+        setStartAtLoginStatusMessage(*failure);
+}
+
+// Setters of observed members: each stores and notifies, even when the value is unchanged.
+
+void AppModel::setMatches(const QList<Match> &matches)
+{
+    m_matches = matches;
+    emit matchesChanged();
+}
+
+void AppModel::setStandings(const QList<GroupStanding> &standings)
+{
+    m_standings = standings;
+    emit standingsChanged();
+}
+
+void AppModel::setIsLoading(bool loading)
+{
+    m_isLoading = loading;
+    emit isLoadingChanged();
+}
+
+void AppModel::setErrorMessage(const std::optional<QString> &message)
+{
+    m_errorMessage = message;
+    emit errorMessageChanged();
+}
+
+void AppModel::setLastUpdated(const QDateTime &instant)
+{
+    m_lastUpdated = instant;
+    emit lastUpdatedChanged();
+}
+
+void AppModel::setTrayTitle(const std::optional<QString> &title)
+{
+    m_trayTitle = title;
+    emit trayTitleChanged();
+}
+
+void AppModel::setSection(Section section)
+{
+    m_section = section;
+    emit sectionChanged();
+}
+
+void AppModel::setSectionName(const QString &name)
+{
+    if (const auto section = sectionFromRawValue(name))
+        setSection(*section);
+}
+
+void AppModel::setSelectedDate(const QString &dateKey)
+{
+    m_selectedDate = dateKey;
+    emit selectedDateChanged();
+}
+
+void AppModel::setSelectedGroup(const QString &group)
+{
+    m_selectedGroup = group;
+    emit selectedGroupChanged();
+}
+
+void AppModel::setTeamSearchText(const QString &text)
+{
+    m_teamSearchText = text;
+    emit teamSearchTextChanged();
+}
+
+void AppModel::setSelectedTeamFilterID(const std::optional<QString> &teamID)
+{
+    m_selectedTeamFilterID = teamID;
+    emit selectedTeamFilterIDChanged();
+}
+
+void AppModel::setSelectedTeamFilterIDText(const QString &teamID)
+{
+    setSelectedTeamFilterID(teamID.isEmpty() ? std::nullopt : std::optional(teamID));
+}
+
+void AppModel::setDetailStack(const QList<PanelRoute> &stack)
+{
+    m_detailStack = stack;
+    emit detailStackChanged();
+    emit renderedRoutesChanged();
+}
+
+void AppModel::setPoppingRoute(const std::optional<PanelRoute> &route)
+{
+    m_poppingRoute = route;
+    emit poppingRouteChanged();
+    emit renderedRoutesChanged();
+}
+
+QVariant AppModel::poppingRouteValue() const
+{
+    return m_poppingRoute ? QVariant::fromValue(*m_poppingRoute) : QVariant();
+}
+
+void AppModel::setFavoriteTeamIDs(const QSet<QString> &teamIDs)
+{
+    m_favoriteTeamIDs = teamIDs;
+    emit favoriteTeamIDsChanged();
+}
+
+QStringList AppModel::favoriteTeamIDList() const
+{
+    QStringList teamIDs(m_favoriteTeamIDs.cbegin(), m_favoriteTeamIDs.cend());
+    teamIDs.sort();
+    return teamIDs;
+}
+
+void AppModel::setPinnedLiveMatchID(const std::optional<QString> &matchID)
+{
+    m_pinnedLiveMatchID = matchID;
+    emit pinnedLiveMatchIDChanged();
+}
+
+void AppModel::setTrayDisplayMode(TrayDisplayMode mode)
+{
+    m_trayDisplayMode = mode;
+    emit trayDisplayModeChanged();
+}
+
+void AppModel::setRefreshInterval(RefreshInterval interval)
+{
+    m_refreshInterval = interval;
+    emit refreshIntervalChanged();
+}
+
+void AppModel::setStartAtLoginEnabled(bool enabled)
+{
+    m_startAtLoginEnabled = enabled;
+    emit startAtLoginEnabledChanged();
+}
+
+void AppModel::setStartAtLoginStatusMessage(const std::optional<QString> &message)
+{
+    m_startAtLoginStatusMessage = message;
+    emit startAtLoginStatusMessageChanged();
+}
+
+void AppModel::setNotificationsEnabled(bool enabled)
+{
+    // Desktop notification services need no permission request, so switching on only stores the switch.
+    m_notificationsEnabled = enabled;
+    emit notificationsEnabledChanged();
+    m_settings->set(SettingsKeys::notificationsEnabled, enabled);
+}
+
+void AppModel::setNotifyMatchStart(bool enabled)
+{
+    m_notifyMatchStart = enabled;
+    emit notifyMatchStartChanged();
+    m_settings->set(SettingsKeys::notifyMatchStart, enabled);
+}
+
+void AppModel::setNotifyGoals(bool enabled)
+{
+    m_notifyGoals = enabled;
+    emit notifyGoalsChanged();
+    m_settings->set(SettingsKeys::notifyGoals, enabled);
+}
+
+void AppModel::setNotifyFullTime(bool enabled)
+{
+    m_notifyFullTime = enabled;
+    emit notifyFullTimeChanged();
+    m_settings->set(SettingsKeys::notifyFullTime, enabled);
+}
+
+void AppModel::setInAppBanners(bool enabled)
+{
+    m_inAppBanners = enabled;
+    emit inAppBannersChanged();
+    m_settings->set(SettingsKeys::inAppBanners, enabled);
+}
+
+void AppModel::setActiveBanner(const std::optional<BannerState> &banner)
+{
+    m_activeBanner = banner;
+    emit activeBannerChanged();
+}
+
+QVariant AppModel::activeBannerValue() const
+{
+    return m_activeBanner ? QVariant::fromValue(*m_activeBanner) : QVariant();
+}
+
+void AppModel::storeGlassSetting(const QString &key, double value, bool callsGlassChange, bool retints)
+{
+    m_settings->set(key, value);
+    // Only the panel window's own material needs the callback; card surfaces read the model directly.
+    if (callsGlassChange && onGlassChange)
+        onGlassChange();
+    if (retints)
+        m_applyTint(m_glassTintHue, m_glassTint);
+}
+
+void AppModel::setGlassBlur(double value)
+{
+    m_glassBlur = value;
+    emit glassBlurChanged();
+    storeGlassSetting(SettingsKeys::glassBlur, value, true, false);
+}
+
+void AppModel::setGlassTintHue(double value)
+{
+    m_glassTintHue = value;
+    emit glassTintHueChanged();
+    storeGlassSetting(SettingsKeys::glassTintHue, value, true, true);
+}
+
+void AppModel::setGlassTint(double value)
+{
+    m_glassTint = value;
+    emit glassTintChanged();
+    storeGlassSetting(SettingsKeys::glassTint, value, true, true);
+}
+
+void AppModel::setGlassGrain(double value)
+{
+    m_glassGrain = value;
+    emit glassGrainChanged();
+    storeGlassSetting(SettingsKeys::glassGrain, value, true, false);
+}
+
+void AppModel::setSurfaceOpacity(double value)
+{
+    m_surfaceOpacity = value;
+    emit surfaceOpacityChanged();
+    storeGlassSetting(SettingsKeys::surfaceOpacity, value, false, false);
+}
+
+void AppModel::setFloatingCards(bool enabled)
+{
+    m_floatingCards = enabled;
+    emit floatingCardsChanged();
+    m_settings->set(SettingsKeys::floatingCards, enabled);
+    if (onGlassChange)
+        onGlassChange();
+}
+
+void AppModel::setTeamsByID(const TeamTable &teams)
+{
+    m_teamsByID = teams;
+    emit teamsByIDChanged();
+}
+
+void AppModel::setStadiumsByID(const StadiumTable &stadiums)
+{
+    m_stadiumsByID = stadiums;
+    emit stadiumsByIDChanged();
+}
+
+void AppModel::setAllMatches(const QList<Match> &matches)
+{
+    m_allMatches = matches;
+    emit allMatchesChanged();
+}

@@ -1,0 +1,354 @@
+#pragma once
+
+#include "AppEnums.h"
+#include "LoginItem.h"
+#include "Models/APIResponses.h"
+#include "Models/BannerState.h"
+#include "Models/GroupStanding.h"
+#include "Models/Match.h"
+#include "Models/MatchSnapshot.h"
+#include "Models/TeamDetailState.h"
+#include "Models/TeamSearchResult.h"
+#include "Models/TeamSummary.h"
+#include "Navigation/PanelRoute.h"
+#include "Networking/APIService.h"
+#include "Normalization.h"
+#include "Notifications/NotificationManager.h"
+#include "SettingsStore.h"
+
+#include <QDateTime>
+#include <QObject>
+#include <QSet>
+#include <QTimer>
+
+#include <QCoro/QCoroTask>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+
+// The one owner of Pitchlark's state: tournament data as last received, what the panel shows, the
+// navigation stack, the user's settings, the refresh cycle and match alerts. Lives on the main thread.
+// Every observed member notifies on every write, even of an equal value; derived data is recomputed by
+// the code that changes its inputs.
+class AppModel : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QList<Match> matches READ matches NOTIFY matchesChanged)
+    Q_PROPERTY(QList<GroupStanding> standings READ standings NOTIFY standingsChanged)
+    Q_PROPERTY(bool isLoading READ isLoading NOTIFY isLoadingChanged)
+    Q_PROPERTY(QString errorMessage READ errorMessageText NOTIFY errorMessageChanged)
+    Q_PROPERTY(QDateTime lastUpdated READ lastUpdated NOTIFY lastUpdatedChanged)
+    Q_PROPERTY(QString trayTitle READ trayTitleText NOTIFY trayTitleChanged)
+    Q_PROPERTY(QString section READ sectionName WRITE setSectionName NOTIFY sectionChanged)
+    Q_PROPERTY(QString selectedDate READ selectedDate WRITE setSelectedDate NOTIFY selectedDateChanged)
+    Q_PROPERTY(QString selectedGroup READ selectedGroup WRITE setSelectedGroup NOTIFY selectedGroupChanged)
+    Q_PROPERTY(QString teamSearchText READ teamSearchText WRITE setTeamSearchText NOTIFY teamSearchTextChanged)
+    Q_PROPERTY(QString selectedTeamFilterID READ selectedTeamFilterIDText WRITE setSelectedTeamFilterIDText NOTIFY
+                   selectedTeamFilterIDChanged)
+    Q_PROPERTY(QList<PanelRoute> detailStack READ detailStack NOTIFY detailStackChanged)
+    Q_PROPERTY(QVariant poppingRoute READ poppingRouteValue NOTIFY poppingRouteChanged)
+    Q_PROPERTY(QList<PanelRoute> renderedRoutes READ renderedRoutes NOTIFY renderedRoutesChanged)
+    Q_PROPERTY(QStringList favoriteTeamIDs READ favoriteTeamIDList NOTIFY favoriteTeamIDsChanged)
+    Q_PROPERTY(QString pinnedLiveMatchID READ pinnedLiveMatchIDText NOTIFY pinnedLiveMatchIDChanged)
+    Q_PROPERTY(QString trayDisplayMode READ trayDisplayModeName NOTIFY trayDisplayModeChanged)
+    Q_PROPERTY(int refreshInterval READ refreshIntervalSeconds NOTIFY refreshIntervalChanged)
+    Q_PROPERTY(bool startAtLoginEnabled READ startAtLoginEnabled NOTIFY startAtLoginEnabledChanged)
+    Q_PROPERTY(QString startAtLoginStatusMessage READ startAtLoginStatusMessageText NOTIFY
+                   startAtLoginStatusMessageChanged)
+    Q_PROPERTY(bool notificationsEnabled READ notificationsEnabled WRITE setNotificationsEnabled NOTIFY
+                   notificationsEnabledChanged)
+    Q_PROPERTY(bool notifyMatchStart READ notifyMatchStart WRITE setNotifyMatchStart NOTIFY notifyMatchStartChanged)
+    Q_PROPERTY(bool notifyGoals READ notifyGoals WRITE setNotifyGoals NOTIFY notifyGoalsChanged)
+    Q_PROPERTY(bool notifyFullTime READ notifyFullTime WRITE setNotifyFullTime NOTIFY notifyFullTimeChanged)
+    Q_PROPERTY(bool inAppBanners READ inAppBanners WRITE setInAppBanners NOTIFY inAppBannersChanged)
+    Q_PROPERTY(QVariant activeBanner READ activeBannerValue NOTIFY activeBannerChanged)
+    Q_PROPERTY(double glassBlur READ glassBlur WRITE setGlassBlur NOTIFY glassBlurChanged)
+    Q_PROPERTY(double glassTintHue READ glassTintHue WRITE setGlassTintHue NOTIFY glassTintHueChanged)
+    Q_PROPERTY(double glassTint READ glassTint WRITE setGlassTint NOTIFY glassTintChanged)
+    Q_PROPERTY(double glassGrain READ glassGrain WRITE setGlassGrain NOTIFY glassGrainChanged)
+    Q_PROPERTY(double surfaceOpacity READ surfaceOpacity WRITE setSurfaceOpacity NOTIFY surfaceOpacityChanged)
+    Q_PROPERTY(bool floatingCards READ floatingCards WRITE setFloatingCards NOTIFY floatingCardsChanged)
+    Q_PROPERTY(QList<APITeam> allTeamsSorted READ allTeamsSorted NOTIFY teamsByIDChanged)
+    Q_PROPERTY(QList<APIStadium> allStadiumsSorted READ allStadiumsSorted NOTIFY stadiumsByIDChanged)
+    Q_PROPERTY(QList<Match> allMatches READ allMatches NOTIFY allMatchesChanged)
+    Q_PROPERTY(QStringList allGroups READ allGroups CONSTANT)
+
+public:
+    static constexpr std::chrono::milliseconds poppingRouteLifetime{550};
+    static constexpr std::chrono::milliseconds bannerLifetime{4500};
+    static constexpr double defaultGlassBlur = 0.78;
+    static constexpr double defaultGlassTintHue = 0.58;
+    static constexpr double defaultGlassTint = 0.1;
+    static constexpr double defaultGlassGrain = 0.22;
+    static constexpr double defaultSurfaceOpacity = 0.62;
+    static inline const QString unreachableMessage = QStringLiteral("Couldn't reach the World Cup service.");
+
+    // What the model talks to. Anything left empty gets the real thing for this desktop.
+    struct Services {
+        APIService *api = nullptr;
+        std::unique_ptr<SettingsStore> settings;
+        std::unique_ptr<LoginItem> loginItem;
+        std::unique_ptr<NotificationSender> notifications;
+        std::function<QDateTime()> now;
+        // Re-tints the panel's inks; the design system lives outside the core, so the app hands it in.
+        std::function<void(double hue, double strength)> applyTint;
+    };
+
+    explicit AppModel(QObject *parent = nullptr);
+    explicit AppModel(Services services, QObject *parent = nullptr);
+    ~AppModel() override;
+
+    // Observed members.
+    const QList<Match> &matches() const { return m_matches; }
+    const QList<GroupStanding> &standings() const { return m_standings; }
+    bool isLoading() const { return m_isLoading; }
+    const std::optional<QString> &errorMessage() const { return m_errorMessage; }
+    const QDateTime &lastUpdated() const { return m_lastUpdated; }
+    const std::optional<QString> &trayTitle() const { return m_trayTitle; }
+    Section section() const { return m_section; }
+    const QString &selectedDate() const { return m_selectedDate; }
+    const QString &selectedGroup() const { return m_selectedGroup; }
+    const QString &teamSearchText() const { return m_teamSearchText; }
+    const std::optional<QString> &selectedTeamFilterID() const { return m_selectedTeamFilterID; }
+    const QList<PanelRoute> &detailStack() const { return m_detailStack; }
+    const std::optional<PanelRoute> &poppingRoute() const { return m_poppingRoute; }
+    const QSet<QString> &favoriteTeamIDs() const { return m_favoriteTeamIDs; }
+    const std::optional<QString> &pinnedLiveMatchID() const { return m_pinnedLiveMatchID; }
+    TrayDisplayMode trayDisplayMode() const { return m_trayDisplayMode; }
+    RefreshInterval refreshInterval() const { return m_refreshInterval; }
+    bool startAtLoginEnabled() const { return m_startAtLoginEnabled; }
+    const std::optional<QString> &startAtLoginStatusMessage() const { return m_startAtLoginStatusMessage; }
+    bool notificationsEnabled() const { return m_notificationsEnabled; }
+    bool notifyMatchStart() const { return m_notifyMatchStart; }
+    bool notifyGoals() const { return m_notifyGoals; }
+    bool notifyFullTime() const { return m_notifyFullTime; }
+    bool inAppBanners() const { return m_inAppBanners; }
+    const std::optional<BannerState> &activeBanner() const { return m_activeBanner; }
+    double glassBlur() const { return m_glassBlur; }
+    double glassTintHue() const { return m_glassTintHue; }
+    double glassTint() const { return m_glassTint; }
+    double glassGrain() const { return m_glassGrain; }
+    double surfaceOpacity() const { return m_surfaceOpacity; }
+    bool floatingCards() const { return m_floatingCards; }
+    const TeamTable &teamsByID() const { return m_teamsByID; }
+    const StadiumTable &stadiumsByID() const { return m_stadiumsByID; }
+    const QList<Match> &allMatches() const { return m_allMatches; }
+    const QStringList &allGroups() const { return m_allGroups; }
+
+    // Plain members: not observed.
+    const QList<Match> &liveMatchesCache() const { return m_liveMatchesCache; }
+    const QList<TeamSummary> &favoriteTeamsCache() const { return m_favoriteTeamsCache; }
+    const QSet<QDateTime> &contestedKickoffsCache() const { return m_contestedKickoffsCache; }
+    std::function<void()> onGlassChange;
+
+    // Writes made directly by the screens.
+    void setSection(Section section);
+    void setSelectedDate(const QString &dateKey);
+    void setSelectedGroup(const QString &group);
+    void setTeamSearchText(const QString &text);
+    void setSelectedTeamFilterID(const std::optional<QString> &teamID);
+    void setNotificationsEnabled(bool enabled);
+    void setNotifyMatchStart(bool enabled);
+    void setNotifyGoals(bool enabled);
+    void setNotifyFullTime(bool enabled);
+    void setInAppBanners(bool enabled);
+    void setGlassBlur(double value);
+    void setGlassTintHue(double value);
+    void setGlassTint(double value);
+    void setGlassGrain(double value);
+    void setSurfaceOpacity(double value);
+    void setFloatingCards(bool enabled);
+
+    // Refresh cycle.
+    void startPolling();
+    Q_INVOKABLE void refresh();
+    QCoro::Task<> fetchAll();
+    void applyTeams(const QList<APITeam> &teams);
+    void applyStadiums(const QList<APIStadium> &stadiums);
+    void applyGroups(const QList<APIGroup> &groups);
+    void applyMatches(const QList<APIGame> &games, bool fireEvents);
+
+    // Actions.
+    void open(const PanelRoute &route);
+    Q_INVOKABLE void openMatch(const QString &matchID) { open(PanelRoute::match(matchID)); }
+    Q_INVOKABLE void openTeam(const QString &teamID) { open(PanelRoute::team(teamID)); }
+    Q_INVOKABLE void openStadium(const QString &stadiumID) { open(PanelRoute::stadium(stadiumID)); }
+    Q_INVOKABLE void openSettings() { open(PanelRoute::settings()); }
+    Q_INVOKABLE void back();
+    Q_INVOKABLE void toggleFavorite(const QString &teamID);
+    void updateTrayDisplayMode(TrayDisplayMode mode);
+    Q_INVOKABLE void updateTrayDisplayMode(const QString &rawValue);
+    Q_INVOKABLE void togglePinnedMatch(const QString &matchID);
+    void updateRefreshInterval(RefreshInterval interval);
+    Q_INVOKABLE void updateRefreshInterval(int seconds);
+    Q_INVOKABLE void resetGlassDefaults();
+    Q_INVOKABLE void refreshStartAtLoginState();
+    Q_INVOKABLE void updateStartAtLogin(bool enabled);
+
+    // Derived queries.
+    void rebuildGlobalCaches();
+    Q_INVOKABLE void applySelectedDateFilter();
+    bool prioritizedMatchSort(const Match &a, const Match &b) const;
+    bool fixtureListSort(const Match &a, const Match &b) const;
+    static bool sortMatchesByKickoff(const Match &a, const Match &b);
+    Q_INVOKABLE QStringList dateStripKeys() const;
+    QSet<QDateTime> computeContestedKickoffs() const;
+    Q_INVOKABLE bool isConcurrentMatch(const Match &match) const;
+    Q_INVOKABLE QList<Match> matchesForStadiumID(const QString &stadiumID) const;
+    QList<APIStadium> allStadiumsSorted() const;
+    QList<APITeam> allTeamsSorted() const;
+    std::optional<QString> groupLabel(const QString &teamID) const;
+    Q_INVOKABLE bool isFavorite(const QString &teamID) const { return m_favoriteTeamIDs.contains(teamID); }
+    std::optional<Match> trayMatch(const QList<Match> &live) const;
+    Q_INVOKABLE TeamSummary teamSummary(const QString &teamID) const;
+    Q_INVOKABLE QList<TeamSearchResult> teamSearchResults() const;
+    Q_INVOKABLE TeamDetailState teamDetailState(const QString &teamID) const;
+    QList<PanelRoute> renderedRoutes() const;
+
+    // Alerts.
+    void processNotificationEvents(const QList<Match> &matches);
+    Q_INVOKABLE void presentBanner(const BannerState &banner);
+    Q_INVOKABLE void dismissBanner();
+
+    Match normalizeMatch(const APIGame &game) const;
+    GroupStanding normalizeStanding(const APIGroup &group) const;
+    void hydrateFromCache();
+
+signals:
+    void matchesChanged();
+    void standingsChanged();
+    void isLoadingChanged();
+    void errorMessageChanged();
+    void lastUpdatedChanged();
+    void trayTitleChanged();
+    void sectionChanged();
+    void selectedDateChanged();
+    void selectedGroupChanged();
+    void teamSearchTextChanged();
+    void selectedTeamFilterIDChanged();
+    void detailStackChanged();
+    void poppingRouteChanged();
+    void renderedRoutesChanged();
+    void favoriteTeamIDsChanged();
+    void pinnedLiveMatchIDChanged();
+    void trayDisplayModeChanged();
+    void refreshIntervalChanged();
+    void startAtLoginEnabledChanged();
+    void startAtLoginStatusMessageChanged();
+    void notificationsEnabledChanged();
+    void notifyMatchStartChanged();
+    void notifyGoalsChanged();
+    void notifyFullTimeChanged();
+    void inAppBannersChanged();
+    void activeBannerChanged();
+    void glassBlurChanged();
+    void glassTintHueChanged();
+    void glassTintChanged();
+    void glassGrainChanged();
+    void surfaceOpacityChanged();
+    void floatingCardsChanged();
+    void teamsByIDChanged();
+    void stadiumsByIDChanged();
+    void allMatchesChanged();
+    // One alert was raised (a notification was posted), for observers such as `pitchlark status --watch`.
+    void alertRaised(BannerState::Kind kind, const QString &title, const QString &body);
+
+private:
+    // QML-facing forms of optional and enumerated members.
+    QString errorMessageText() const { return m_errorMessage.value_or(QString()); }
+    QString trayTitleText() const { return m_trayTitle.value_or(QString()); }
+    QString sectionName() const { return rawValue(m_section); }
+    void setSectionName(const QString &name);
+    QString selectedTeamFilterIDText() const { return m_selectedTeamFilterID.value_or(QString()); }
+    void setSelectedTeamFilterIDText(const QString &teamID);
+    QVariant poppingRouteValue() const;
+    QStringList favoriteTeamIDList() const;
+    QString pinnedLiveMatchIDText() const { return m_pinnedLiveMatchID.value_or(QString()); }
+    QString trayDisplayModeName() const { return rawValue(m_trayDisplayMode); }
+    int refreshIntervalSeconds() const { return seconds(m_refreshInterval); }
+    QString startAtLoginStatusMessageText() const { return m_startAtLoginStatusMessage.value_or(QString()); }
+    QVariant activeBannerValue() const;
+
+    void loadSettings();
+    void setMatches(const QList<Match> &matches);
+    void setStandings(const QList<GroupStanding> &standings);
+    void setIsLoading(bool loading);
+    void setErrorMessage(const std::optional<QString> &message);
+    void setLastUpdated(const QDateTime &instant);
+    void setTrayTitle(const std::optional<QString> &title);
+    void setDetailStack(const QList<PanelRoute> &stack);
+    void setPoppingRoute(const std::optional<PanelRoute> &route);
+    void setFavoriteTeamIDs(const QSet<QString> &teamIDs);
+    void setPinnedLiveMatchID(const std::optional<QString> &matchID);
+    void setTrayDisplayMode(TrayDisplayMode mode);
+    void setRefreshInterval(RefreshInterval interval);
+    void setStartAtLoginEnabled(bool enabled);
+    void setStartAtLoginStatusMessage(const std::optional<QString> &message);
+    void setActiveBanner(const std::optional<BannerState> &banner);
+    void setTeamsByID(const TeamTable &teams);
+    void setStadiumsByID(const StadiumTable &stadiums);
+    void setAllMatches(const QList<Match> &matches);
+    void storeGlassSetting(const QString &key, double value, bool callsGlassChange, bool retints);
+
+    QCoro::Task<Result<QList<APITeam>, FetchError>> fetchTeamsIfNeeded();
+    QCoro::Task<Result<QList<APIStadium>, FetchError>> fetchStadiumsIfNeeded();
+    void emitAlert(BannerState::Kind kind, const Match &match);
+    void rebuildSnapshots(const QList<Match> &matches);
+    bool involvesFavorite(const Match &match) const;
+    QDateTime now() const { return m_now(); }
+
+    // Observed.
+    QList<Match> m_matches;
+    QList<GroupStanding> m_standings;
+    bool m_isLoading = false;
+    std::optional<QString> m_errorMessage;
+    QDateTime m_lastUpdated;
+    std::optional<QString> m_trayTitle;
+    Section m_section = Section::fixtures;
+    QString m_selectedDate;
+    QString m_selectedGroup = QStringLiteral("A");
+    QString m_teamSearchText;
+    std::optional<QString> m_selectedTeamFilterID;
+    QList<PanelRoute> m_detailStack;
+    std::optional<PanelRoute> m_poppingRoute;
+    QSet<QString> m_favoriteTeamIDs;
+    std::optional<QString> m_pinnedLiveMatchID;
+    TrayDisplayMode m_trayDisplayMode = TrayDisplayMode::automatic;
+    RefreshInterval m_refreshInterval = RefreshInterval::thirty;
+    bool m_startAtLoginEnabled = false;
+    std::optional<QString> m_startAtLoginStatusMessage;
+    bool m_notificationsEnabled = false;
+    bool m_notifyMatchStart = true;
+    bool m_notifyGoals = true;
+    bool m_notifyFullTime = true;
+    bool m_inAppBanners = true;
+    std::optional<BannerState> m_activeBanner;
+    double m_glassBlur = defaultGlassBlur;
+    double m_glassTintHue = defaultGlassTintHue;
+    double m_glassTint = defaultGlassTint;
+    double m_glassGrain = defaultGlassGrain;
+    double m_surfaceOpacity = defaultSurfaceOpacity;
+    bool m_floatingCards = false;
+    TeamTable m_teamsByID;
+    StadiumTable m_stadiumsByID;
+    QList<Match> m_allMatches;
+
+    // Plain.
+    QList<Match> m_liveMatchesCache;
+    QList<TeamSummary> m_favoriteTeamsCache;
+    QSet<QDateTime> m_contestedKickoffsCache;
+    int m_liveRotationIndex = 0;
+    APIService *m_api;
+    std::unique_ptr<SettingsStore> m_settings;
+    std::unique_ptr<LoginItem> m_loginItem;
+    NotificationManager m_notifier;
+    std::function<QDateTime()> m_now;
+    std::function<void(double hue, double strength)> m_applyTint;
+    std::unique_ptr<QTimer> m_pollingTimer;
+    bool m_isFetching = false;
+    QHash<QString, MatchSnapshot> m_matchSnapshots;
+    bool m_hasSeededSnapshots = false;
+    QTimer m_bannerTimer;
+    const QStringList m_allGroups;
+};

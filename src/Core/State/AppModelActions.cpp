@@ -1,0 +1,98 @@
+#include "AppModel.h"
+
+#include "SettingsKeys.h"
+
+#include <QPointer>
+
+
+void AppModel::open(const PanelRoute &route)
+{
+    setPoppingRoute(std::nullopt);
+    setDetailStack(m_detailStack + QList{route});
+}
+
+void AppModel::back()
+{
+    if (m_detailStack.isEmpty())
+        return;
+    const PanelRoute popped = m_detailStack.constLast();
+    setPoppingRoute(popped);
+    setDetailStack(m_detailStack.first(m_detailStack.size() - 1));
+    // The popped screen stays renderable while it slides out, unless another back or open took over.
+    QTimer::singleShot(poppingRouteLifetime, this, [self = QPointer(this), popped] {
+        if (self && self->m_poppingRoute == popped)
+            self->setPoppingRoute(std::nullopt);
+    });
+}
+
+QList<PanelRoute> AppModel::renderedRoutes() const
+{
+    if (m_poppingRoute && !m_detailStack.contains(*m_poppingRoute))
+        return m_detailStack + QList{*m_poppingRoute};
+    return m_detailStack;
+}
+
+void AppModel::toggleFavorite(const QString &teamID)
+{
+    QSet<QString> favorites = m_favoriteTeamIDs;
+    if (!favorites.remove(teamID))
+        favorites.insert(teamID);
+    setFavoriteTeamIDs(favorites);
+    m_settings->set(SettingsKeys::favoriteTeamIDs, favoriteTeamIDList());
+    rebuildGlobalCaches();
+    applySelectedDateFilter();
+}
+
+void AppModel::updateTrayDisplayMode(TrayDisplayMode mode)
+{
+    setTrayDisplayMode(mode);
+    m_settings->set(SettingsKeys::trayDisplayMode, rawValue(mode));
+    rebuildGlobalCaches();
+}
+
+void AppModel::updateTrayDisplayMode(const QString &rawValue)
+{
+    if (const auto mode = trayDisplayModeFromRawValue(rawValue))
+        updateTrayDisplayMode(*mode);
+}
+
+void AppModel::togglePinnedMatch(const QString &matchID)
+{
+    if (m_pinnedLiveMatchID == matchID) {
+        setPinnedLiveMatchID(std::nullopt);
+        m_settings->remove(SettingsKeys::pinnedLiveMatchID);
+        rebuildGlobalCaches();
+        // Unpinning falls back to auto only from the pinned mode.
+        if (m_trayDisplayMode == TrayDisplayMode::pinned)
+            updateTrayDisplayMode(TrayDisplayMode::automatic);
+        return;
+    }
+    setPinnedLiveMatchID(matchID);
+    m_settings->set(SettingsKeys::pinnedLiveMatchID, matchID);
+    rebuildGlobalCaches();
+    updateTrayDisplayMode(TrayDisplayMode::pinned);
+}
+
+void AppModel::updateRefreshInterval(RefreshInterval interval)
+{
+    if (interval == m_refreshInterval)
+        return;
+    setRefreshInterval(interval);
+    m_settings->set(SettingsKeys::refreshIntervalSeconds, qint64(seconds(interval)));
+    startPolling();
+}
+
+void AppModel::updateRefreshInterval(int seconds)
+{
+    if (const auto interval = refreshIntervalFromSeconds(seconds))
+        updateRefreshInterval(*interval);
+}
+
+void AppModel::resetGlassDefaults()
+{
+    setGlassBlur(defaultGlassBlur);
+    setGlassTintHue(defaultGlassTintHue);
+    setGlassTint(defaultGlassTint);
+    setGlassGrain(defaultGlassGrain);
+    setSurfaceOpacity(defaultSurfaceOpacity);
+}

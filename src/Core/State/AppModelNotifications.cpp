@@ -1,0 +1,88 @@
+#include "AppModel.h"
+
+#include <QUuid>
+
+namespace {
+
+QString freshIdentity() { return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper(); }
+
+int totalGoals(std::optional<int> home, std::optional<int> away) { return home.value_or(0) + away.value_or(0); }
+
+} // namespace
+
+void AppModel::processNotificationEvents(const QList<Match> &matches)
+{
+    if (m_notificationsEnabled && m_hasSeededSnapshots && !matches.isEmpty()) {
+        for (const Match &match : matches) {
+            if (!involvesFavorite(match))
+                continue;
+            // A match new to the feed never alerts on its first appearance.
+            const auto previous = m_matchSnapshots.constFind(match.id);
+            if (previous == m_matchSnapshots.constEnd())
+                continue;
+            if (m_notifyMatchStart && previous->status == MatchStatus::scheduled && isLive(match.status))
+                emitAlert(BannerState::Kind::kickoff, match);
+            // One alert however many goals came in since the last fetch; a corrected score says nothing.
+            if (m_notifyGoals && isLive(match.status) &&
+                totalGoals(previous->home, previous->away) < totalGoals(match.homeScore, match.awayScore))
+                emitAlert(BannerState::Kind::goal, match);
+            if (m_notifyFullTime && previous->status != MatchStatus::finished &&
+                match.status == MatchStatus::finished)
+                emitAlert(BannerState::Kind::fullTime, match);
+        }
+    }
+    rebuildSnapshots(matches);
+}
+
+void AppModel::rebuildSnapshots(const QList<Match> &matches)
+{
+    QHash<QString, MatchSnapshot> snapshots;
+    snapshots.reserve(matches.size());
+    for (const Match &match : matches)
+        snapshots.insert(match.id, MatchSnapshot{match.status, match.homeScore, match.awayScore});
+    m_matchSnapshots = snapshots;
+    m_hasSeededSnapshots = true;
+}
+
+void AppModel::emitAlert(BannerState::Kind kind, const Match &match)
+{
+    QString title;
+    QString body;
+    switch (kind) {
+    case BannerState::Kind::kickoff:
+        title = QStringLiteral("Kick-off");
+        body = match.homeTeam + QStringLiteral(" vs ") + match.awayTeam + QStringLiteral(" is underway.");
+        break;
+    case BannerState::Kind::goal:
+        title = QStringLiteral("Goal!");
+        body = match.homeTeam + u' ' + match.scorelineDisplay() + u' ' + match.awayTeam;
+        break;
+    case BannerState::Kind::fullTime:
+        title = QStringLiteral("Full-time");
+        body = match.homeTeam + u' ' + match.scorelineDisplay() + u' ' + match.awayTeam;
+        break;
+    }
+    // Unique per event, so that repeated events of one kind never replace each other.
+    const QString identifier = match.id + u'-' + title + u'-' + freshIdentity().first(4);
+    m_notifier.add(identifier, title, body);
+    emit alertRaised(kind, title, body);
+    if (m_inAppBanners)
+        presentBanner(BannerState{freshIdentity(), title, body, kind});
+}
+
+void AppModel::presentBanner(const BannerState &banner)
+{
+    setActiveBanner(banner);
+    // A newer banner restarts the wait; the older one's wait is simply dropped.
+    m_bannerTimer.disconnect();
+    connect(&m_bannerTimer, &QTimer::timeout, this, [this, id = banner.id] {
+        if (m_activeBanner && m_activeBanner->id == id)
+            dismissBanner();
+    });
+    m_bannerTimer.start();
+}
+
+void AppModel::dismissBanner()
+{
+    setActiveBanner(std::nullopt);
+}
