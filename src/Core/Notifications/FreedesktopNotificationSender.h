@@ -1,0 +1,24 @@
+#pragma once
+
+#include "NotificationSender.h"
+
+#include <QDBusConnection>
+
+// Posts notifications to org.freedesktop.Notifications on the session bus, or, inside a Flatpak
+// sandbox, to the notification portal. Calls are asynchronous and their failures ignored.
+class FreedesktopNotificationSender : public NotificationSender {
+public:
+    explicit FreedesktopNotificationSender(QDBusConnection bus = QDBusConnection::sessionBus());
+
+    void send(const QString &identifier, const QString &title, const QString &body) override;
+
+    static bool insideFlatpak();
+    // Notification servers may render body markup, so the three markup characters are escaped.
+    static QString escapedBody(const QString &body);
+
+private:
+    void sendToNotificationServer(const QString &identifier, const QString &title, const QString &body);
+    void sendToPortal(const QString &identifier, const QString &title, const QString &body);
+
+    QDBusConnection m_bus;
+};
