@@ -1,0 +1,39 @@
+#pragma once
+
+#include "State/AppModel.h"
+
+#include <QTemporaryDir>
+
+#include <memory>
+
+// A model on a throw-away profile: its own settings file and cache folder, talking to baseURL.
+class ModelFixture {
+public:
+    explicit ModelFixture(const QString &baseURL = QStringLiteral("http://127.0.0.1:9"))
+    {
+        qputenv("XDG_CONFIG_HOME", m_profile.filePath(QStringLiteral("config")).toUtf8());
+        qputenv("XDG_CACHE_HOME", m_profile.filePath(QStringLiteral("cache")).toUtf8());
+        setBaseURL(baseURL);
+    }
+
+    static void setBaseURL(const QString &baseURL) { qputenv("WC_API_BASE_URL", baseURL.toUtf8()); }
+
+    // A new model over the profile, as a fresh start of the program would make it.
+    std::unique_ptr<AppModel> makeModel(std::function<QDateTime()> now = {},
+                                        std::unique_ptr<NotificationSender> notifications = {})
+    {
+        m_api = std::make_unique<APIService>(std::chrono::milliseconds(2000));
+        AppModel::Services services;
+        services.api = m_api.get();
+        services.now = std::move(now);
+        services.notifications = std::move(notifications);
+        return std::make_unique<AppModel>(std::move(services));
+    }
+
+    APIService &api() { return *m_api; }
+    QString settingsPath() const { return m_profile.filePath(QStringLiteral("config/pitchlark/settings.json")); }
+
+private:
+    QTemporaryDir m_profile;
+    std::unique_ptr<APIService> m_api;
+};

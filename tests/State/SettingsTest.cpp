@@ -1,0 +1,238 @@
+#include "ModelFixture.h"
+#include "State/SettingsStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QSignalSpy>
+#include <QTest>
+
+// Settings survive restarts exactly, read a wrongly typed value as absent, and never lose a file that
+// could not be read.
+class SettingsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void storeTypeRules_data();
+    void storeTypeRules();
+    void writesReplaceTheFileWhole();
+    void corruptFileIsKeptAside();
+    void modelLoadsWithDefaults_data();
+    void modelLoadsWithDefaults();
+    void actionsPersist();
+    void glassWritesStoreAndNotifyPanel();
+};
+
+namespace {
+
+void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+void SettingsTest::storeTypeRules_data()
+{
+    QTest::addColumn<QByteArray>("stored");
+    QTest::addColumn<QVariant>("asString");
+    QTest::addColumn<QVariant>("asInteger");
+    QTest::addColumn<QVariant>("asReal");
+    QTest::addColumn<QVariant>("asBool");
+    QTest::addColumn<QVariant>("asList");
+
+    const QVariant none;
+    // clang-format off
+    QTest::newRow("text") << QByteArray(R"("60")") << QVariant("60") << none << none << none << none;
+    QTest::newRow("integer") << QByteArray("300") << none << QVariant(qint64(300)) << QVariant(300.0) << none << none;
+    QTest::newRow("real") << QByteArray("0.5") << none << none << QVariant(0.5) << none << none;
+    QTest::newRow("whole real") << QByteArray("30.0") << none << QVariant(qint64(30)) << QVariant(30.0) << none << none;
+    QTest::newRow("zero") << QByteArray("0") << none << QVariant(qint64(0)) << QVariant(0.0) << none << none;
+    QTest::newRow("Boolean") << QByteArray("true") << none << none << none << QVariant(true) << none;
+    QTest::newRow("list of text") << QByteArray(R"(["2","10"])") << none << none << none << none
+                                  << QVariant(QStringList{"2", "10"});
+    QTest::newRow("list with a number") << QByteArray(R"(["2",10])") << none << none << none << none << none;
+    QTest::newRow("null") << QByteArray("null") << none << none << none << none << none;
+    // clang-format on
+}
+
+void SettingsTest::storeTypeRules()
+{
+    QFETCH(QByteArray, stored);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("settings.json"));
+    writeFile(path, R"({"Key":)" + stored + "}");
+
+    const SettingsStore store(path);
+    const auto optionalToVariant = [](const auto &value) { return value ? QVariant::fromValue(*value) : QVariant(); };
+    QTEST(optionalToVariant(store.string(QStringLiteral("Key"))), "asString");
+    QTEST(optionalToVariant(store.integer(QStringLiteral("Key"))), "asInteger");
+    QTEST(optionalToVariant(store.real(QStringLiteral("Key"))), "asReal");
+    QTEST(optionalToVariant(store.boolean(QStringLiteral("Key"))), "asBool");
+    QTEST(optionalToVariant(store.stringList(QStringLiteral("Key"))), "asList");
+    QVERIFY(!store.string(QStringLiteral("Missing")));
+}
+
+void SettingsTest::writesReplaceTheFileWhole()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("pitchlark/settings.json"));
+    SettingsStore store(path);
+    store.set(QStringLiteral("GlassBlur"), 0.5);
+    store.set(QStringLiteral("FavoriteTeamIDs"), QStringList{"1", "7"});
+    store.set(QStringLiteral("RefreshIntervalSeconds"), qint64(60));
+    store.remove(QStringLiteral("GlassBlur"));
+
+    // Each write leaves a complete document behind and no temporary file next to it.
+    const QJsonObject written = QJsonDocument::fromJson(readFile(path)).object();
+    QCOMPARE(written.keys(), QStringList({"FavoriteTeamIDs", "RefreshIntervalSeconds"}));
+    QCOMPARE(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files), QStringList{"settings.json"});
+
+    const SettingsStore reread(path);
+    QCOMPARE(reread.stringList(QStringLiteral("FavoriteTeamIDs")), std::optional(QStringList{"1", "7"}));
+    QCOMPARE(reread.integer(QStringLiteral("RefreshIntervalSeconds")), std::optional<qint64>(60));
+}
+
+void SettingsTest::corruptFileIsKeptAside()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("settings.json"));
+    const QByteArray corrupt = "{\"FavoriteTeamIDs\": [\"1\", \"2\"";
+    writeFile(path, corrupt);
+
+    SettingsStore store(path);
+    QVERIFY(!store.stringList(QStringLiteral("FavoriteTeamIDs")));
+    // Reading alone changes nothing on disk.
+    QCOMPARE(readFile(path), corrupt);
+
+    store.set(QStringLiteral("NotifyGoals"), false);
+    QCOMPARE(readFile(path + QStringLiteral(".corrupt")), corrupt);
+    QCOMPARE(SettingsStore(path).boolean(QStringLiteral("NotifyGoals")), std::optional(false));
+
+    // A later write does not move the good file aside again.
+    store.set(QStringLiteral("NotifyGoals"), true);
+    QCOMPARE(readFile(path + QStringLiteral(".corrupt")), corrupt);
+}
+
+void SettingsTest::modelLoadsWithDefaults_data()
+{
+    QTest::addColumn<QByteArray>("settings");
+    QTest::addColumn<int>("refreshInterval");
+    QTest::addColumn<QString>("trayDisplayMode");
+    QTest::addColumn<QStringList>("favorites");
+    QTest::addColumn<double>("glassBlur");
+    QTest::addColumn<bool>("notificationsEnabled");
+
+    // clang-format off
+    QTest::newRow("fresh install") << QByteArray() << 30 << "auto" << QStringList() << 0.78 << false;
+    QTest::newRow("five minutes") << QByteArray(R"({"RefreshIntervalSeconds":300})") << 300 << "auto" << QStringList() << 0.78 << false;
+    QTest::newRow("unknown interval") << QByteArray(R"({"RefreshIntervalSeconds":45})") << 30 << "auto" << QStringList() << 0.78 << false;
+    QTest::newRow("interval as text") << QByteArray(R"({"RefreshIntervalSeconds":"60"})") << 30 << "auto" << QStringList() << 0.78 << false;
+    QTest::newRow("mode is case-sensitive") << QByteArray(R"({"TrayDisplayMode":"Pinned"})") << 30 << "auto" << QStringList() << 0.78 << false;
+    QTest::newRow("stored values") << QByteArray(R"({"TrayDisplayMode":"rotate","FavoriteTeamIDs":["9","1"],"GlassBlur":0.3,"NotificationsEnabled":true,"FloatingCards":true})")
+                                   << 30 << "rotate" << QStringList{"1", "9"} << 0.3 << true;
+    QTest::newRow("wrong types") << QByteArray(R"({"FavoriteTeamIDs":"1","GlassBlur":"0.3","NotificationsEnabled":1})")
+                                 << 30 << "auto" << QStringList() << 0.78 << false;
+    QTest::newRow("corrupt file") << QByteArray("{{{") << 30 << "auto" << QStringList() << 0.78 << false;
+    // clang-format on
+}
+
+void SettingsTest::modelLoadsWithDefaults()
+{
+    QFETCH(QByteArray, settings);
+    ModelFixture fixture;
+    if (!settings.isEmpty())
+        writeFile(fixture.settingsPath(), settings);
+
+    const auto model = fixture.makeModel();
+    QTEST(model->property("refreshInterval").toInt(), "refreshInterval");
+    QTEST(model->property("trayDisplayMode").toString(), "trayDisplayMode");
+    QTEST(model->property("favoriteTeamIDs").toStringList(), "favorites");
+    QTEST(model->glassBlur(), "glassBlur");
+    QTEST(model->notificationsEnabled(), "notificationsEnabled");
+    // The floating style never outlives a run, and the rest keep their defaults.
+    QVERIFY(!model->floatingCards());
+    QVERIFY(model->notifyMatchStart() && model->notifyGoals() && model->notifyFullTime() && model->inAppBanners());
+    QCOMPARE(model->glassTintHue(), 0.58);
+    QCOMPARE(model->surfaceOpacity(), 0.62);
+    QVERIFY(!model->pinnedLiveMatchID());
+}
+
+void SettingsTest::actionsPersist()
+{
+    ModelFixture fixture;
+    {
+        const auto model = fixture.makeModel();
+        model->toggleFavorite(QStringLiteral("7"));
+        model->toggleFavorite(QStringLiteral("12"));
+        model->toggleFavorite(QStringLiteral("3"));
+        model->toggleFavorite(QStringLiteral("3"));
+        model->togglePinnedMatch(QStringLiteral("104"));
+        model->updateRefreshInterval(RefreshInterval::fifteen);
+        model->setNotificationsEnabled(true);
+        model->setFloatingCards(true);
+    }
+    const QJsonObject stored = QJsonDocument::fromJson(readFile(fixture.settingsPath())).object();
+    // Plain text order, as stored lists are compared by other tools too.
+    QCOMPARE(stored.value(QStringLiteral("FavoriteTeamIDs")).toVariant().toStringList(), QStringList({"12", "7"}));
+    QCOMPARE(stored.value(QStringLiteral("PinnedLiveMatchID")).toString(), QStringLiteral("104"));
+    QCOMPARE(stored.value(QStringLiteral("TrayDisplayMode")).toString(), QStringLiteral("pinned"));
+    QCOMPARE(stored.value(QStringLiteral("RefreshIntervalSeconds")).toInteger(), 15);
+    QCOMPARE(stored.value(QStringLiteral("FloatingCards")).toBool(), true);
+
+    const auto restarted = fixture.makeModel();
+    QCOMPARE(restarted->favoriteTeamIDs(), QSet<QString>({"7", "12"}));
+    QCOMPARE(restarted->pinnedLiveMatchID(), std::optional<QString>("104"));
+    QCOMPARE(restarted->trayDisplayMode(), TrayDisplayMode::pinned);
+    QCOMPARE(restarted->refreshInterval(), RefreshInterval::fifteen);
+    QVERIFY(restarted->notificationsEnabled());
+    QVERIFY(!restarted->floatingCards());
+
+    restarted->togglePinnedMatch(QStringLiteral("104"));
+    QVERIFY(!QJsonDocument::fromJson(readFile(fixture.settingsPath())).object().contains("PinnedLiveMatchID"));
+}
+
+void SettingsTest::glassWritesStoreAndNotifyPanel()
+{
+    ModelFixture fixture;
+    QList<std::pair<double, double>> tints;
+    APIService api;
+    AppModel::Services services;
+    services.api = &api;
+    services.applyTint = [&tints](double hue, double strength) { tints.append({hue, strength}); };
+    AppModel model(std::move(services));
+    QCOMPARE(tints, (QList<std::pair<double, double>>{{0.58, 0.1}}));
+
+    int glassChanges = 0;
+    model.onGlassChange = [&glassChanges] { ++glassChanges; };
+    QSignalSpy opacitySpy(&model, &AppModel::surfaceOpacityChanged);
+
+    model.setSurfaceOpacity(0.62); // an equal value is still a write
+    QCOMPARE(opacitySpy.count(), 1);
+    QCOMPARE(glassChanges, 0);
+    model.setGlassTint(0.4);
+    QCOMPARE(glassChanges, 1);
+    QCOMPARE(tints.constLast(), (std::pair{0.58, 0.4}));
+    model.setGlassGrain(0.5);
+    QCOMPARE(glassChanges, 2);
+    QCOMPARE(tints.size(), 2);
+
+    tints.clear();
+    glassChanges = 0;
+    model.resetGlassDefaults();
+    QCOMPARE(glassChanges, 4);
+    QCOMPARE(tints, (QList<std::pair<double, double>>{{0.58, 0.4}, {0.58, 0.1}}));
+    QCOMPARE(SettingsStore(fixture.settingsPath()).real(QStringLiteral("GlassTint")), std::optional(0.1));
+}
+
+QTEST_GUILESS_MAIN(SettingsTest)
+#include "SettingsTest.moc"
