@@ -31,6 +31,7 @@ AppModel::AppModel(Services services, QObject *parent)
 {
     m_selectedDate = WCFormatters::shared().dateKey(now());
     m_bannerTimer.setSingleShot(true);
+    m_bannerTimer.setTimerType(Qt::PreciseTimer);
     m_bannerTimer.setInterval(bannerLifetime);
     loadSettings();
     m_applyTint(m_glassTintHue, m_glassTint);
