@@ -136,6 +136,9 @@ public:
     const QList<Match> &allMatches() const { return m_allMatches; }
     const QStringList &allGroups() const { return m_allGroups; }
 
+    // The model's clock: the wall clock, or the replay's in the demo.
+    QDateTime now() const { return m_now(); }
+
     // Plain members: not observed.
     const QList<Match> &liveMatchesCache() const { return m_liveMatchesCache; }
     const QList<TeamSummary> &favoriteTeamsCache() const { return m_favoriteTeamsCache; }
@@ -296,7 +299,6 @@ private:
     void emitAlert(BannerState::Kind kind, const Match &match);
     void rebuildSnapshots(const QList<Match> &matches);
     bool involvesFavorite(const Match &match) const;
-    QDateTime now() const { return m_now(); }
 
     // Observed.
     QList<Match> m_matches;
