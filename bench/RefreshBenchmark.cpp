@@ -76,8 +76,9 @@ int main(int argc, char *argv[])
             &anchor,
             [&] {
                 feed->faults().reset();
-                for (const auto &[endpoint, delay] : {std::pair{"games", games}, std::pair{"groups", groups},
-                                                      std::pair{"teams", teams}, std::pair{"stadiums", stadiums}})
+                for (const auto &[endpoint, delay] :
+                     {std::pair{"games", games}, std::pair{"groups", groups}, std::pair{"teams", teams},
+                      std::pair{"stadiums", stadiums}})
                     feed->faults().apply({{"endpoint", endpoint}, {"delay_ms", delay}});
             },
             Qt::BlockingQueuedConnection);
@@ -119,13 +120,16 @@ int main(int argc, char *argv[])
             afterTenth = residentKilobytes();
     }
     const long afterLast = residentKilobytes();
-    std::printf("main-thread CPU per cycle, 104 games: %.2f ms  (median of %d cycles)\n", median(cpu), cycles);
+    std::printf("main-thread CPU per cycle, 104 games: %.2f ms  (median of %d cycles)\n", median(cpu),
+                cycles);
     // The first cycles warm the allocator and Qt's caches; what matters is that the curve goes flat.
-    std::printf("resident memory after 1 cycle: %ld KiB, after 10: %ld KiB, after %d: %ld KiB  (growth from 10 to "
-                "%d: %ld KiB)\n",
-                afterFirst, afterTenth, cycles, afterLast, cycles, afterLast - afterTenth);
+    std::printf(
+        "resident memory after 1 cycle: %ld KiB, after 10: %ld KiB, after %d: %ld KiB  (growth from 10 to "
+        "%d: %ld KiB)\n",
+        afterFirst, afterTenth, cycles, afterLast, cycles, afterLast - afterTenth);
 
-    QMetaObject::invokeMethod(&anchor, [&] { delete feed; }, Qt::BlockingQueuedConnection);
+    QMetaObject::invokeMethod(
+        &anchor, [&] { delete feed; }, Qt::BlockingQueuedConnection);
     serviceThread.quit();
     serviceThread.wait();
     return 0;

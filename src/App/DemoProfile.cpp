@@ -33,4 +33,7 @@ bool DemoProfile::activate()
     return true;
 }
 
-QDateTime DemoProfile::now() const { return m_feed->clock().now(); }
+QDateTime DemoProfile::now() const
+{
+    return m_feed->clock().now();
+}

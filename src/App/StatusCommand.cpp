@@ -33,7 +33,8 @@ QString timeOfDay(const AppModel &model)
 std::optional<StatusCommand> StatusCommand::fromArguments(const QStringList &arguments, QTextStream &errors)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Print the live score, today's fixtures and the tables."));
+    parser.setApplicationDescription(
+        QStringLiteral("Print the live score, today's fixtures and the tables."));
     const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print one JSON object."));
     const QCommandLineOption waybar(QStringLiteral("waybar"), QStringLiteral("Print one line for waybar."));
     const QCommandLineOption watch(QStringLiteral("watch"),
@@ -59,11 +60,15 @@ std::optional<StatusCommand> StatusCommand::fromArguments(const QStringList &arg
         errors << "Choose one of --json and --waybar.\n";
         return std::nullopt;
     }
-    const Format format = parser.isSet(json) ? Format::json : parser.isSet(waybar) ? Format::waybar : Format::text;
+    const Format format = parser.isSet(json)     ? Format::json
+                          : parser.isSet(waybar) ? Format::waybar
+                                                 : Format::text;
     return StatusCommand(format, parser.isSet(watch), parser.isSet(demo));
 }
 
-StatusCommand::StatusCommand(Format format, bool watch, bool demo) : m_format(format), m_watch(watch), m_demo(demo) {}
+StatusCommand::StatusCommand(Format format, bool watch, bool demo)
+    : m_format(format), m_watch(watch), m_demo(demo)
+{}
 StatusCommand::StatusCommand(StatusCommand &&) noexcept = default;
 StatusCommand::~StatusCommand() = default;
 
@@ -124,8 +129,9 @@ void StatusCommand::watchForChanges()
             return;
         *lastTitle = model->trayTitle();
         if (m_format == Format::text)
-            writeLine((timeOfDay(*model) + QStringLiteral("  ") + model->trayTitle().value_or(QStringLiteral("—")))
-                          .toUtf8());
+            writeLine(
+                (timeOfDay(*model) + QStringLiteral("  ") + model->trayTitle().value_or(QStringLiteral("—")))
+                    .toUtf8());
         else
             print();
     });

@@ -8,9 +8,18 @@
 
 namespace {
 
-QJsonValue optional(const std::optional<QString> &text) { return text ? QJsonValue(*text) : QJsonValue(); }
-QJsonValue optional(const std::optional<int> &number) { return number ? QJsonValue(*number) : QJsonValue(); }
-QJsonValue optional(const QUrl &url) { return url.isEmpty() ? QJsonValue() : QJsonValue(url.toString()); }
+QJsonValue optional(const std::optional<QString> &text)
+{
+    return text ? QJsonValue(*text) : QJsonValue();
+}
+QJsonValue optional(const std::optional<int> &number)
+{
+    return number ? QJsonValue(*number) : QJsonValue();
+}
+QJsonValue optional(const QUrl &url)
+{
+    return url.isEmpty() ? QJsonValue() : QJsonValue(url.toString());
+}
 
 // ISO 8601 in UTC ending in "Z"; null when absent.
 QJsonValue instant(const QDateTime &dateTime)
@@ -87,7 +96,8 @@ QJsonObject groupJson(const GroupStanding &group)
 QJsonObject settingsJson(const AppModel &model)
 {
     return {
-        {QStringLiteral("favoriteTeamIDs"), QJsonArray::fromStringList(model.property("favoriteTeamIDs").toStringList())},
+        {QStringLiteral("favoriteTeamIDs"),
+         QJsonArray::fromStringList(model.property("favoriteTeamIDs").toStringList())},
         {QStringLiteral("pinnedLiveMatchID"), optional(model.pinnedLiveMatchID())},
         {QStringLiteral("trayDisplayMode"), rawValue(model.trayDisplayMode())},
         {QStringLiteral("refreshInterval"), seconds(model.refreshInterval())},
@@ -108,8 +118,8 @@ QJsonObject settingsJson(const AppModel &model)
 // "🇵🇦 0–1 🏴 ENG  67'  Panama v England" for one live match.
 QString liveLine(const Match &match)
 {
-    return match.trayMenuBarTitle() + QStringLiteral("  ") + match.compactStatusLabel() + QStringLiteral("  ") +
-           match.homeTeam + QStringLiteral(" v ") + match.awayTeam;
+    return match.trayMenuBarTitle() + QStringLiteral("  ") + match.compactStatusLabel() +
+           QStringLiteral("  ") + match.homeTeam + QStringLiteral(" v ") + match.awayTeam;
 }
 
 } // namespace
@@ -121,7 +131,8 @@ QString text(const AppModel &model)
     QStringList lines;
     if (model.errorMessage())
         lines << *model.errorMessage();
-    lines << (model.trayTitle() ? QStringLiteral("Now: ") + *model.trayTitle() : QStringLiteral("No match is live."));
+    lines << (model.trayTitle() ? QStringLiteral("Now: ") + *model.trayTitle()
+                                : QStringLiteral("No match is live."));
     for (const Match &match : model.liveMatchesCache())
         lines << QStringLiteral("  ") + liveLine(match);
     const QList<Match> &today = model.matches();

@@ -33,10 +33,11 @@ int main(int argc, char *argv[])
         return runStatus(app, arguments.mid(1));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Your World Cup 2026 companion.\n\n"
-                                                    "Commands:\n"
-                                                    "  status   Print the live score, today's fixtures and the "
-                                                    "tables (see pitchlark status --help)."));
+    parser.setApplicationDescription(
+        QStringLiteral("Your World Cup 2026 companion.\n\n"
+                       "Commands:\n"
+                       "  status   Print the live score, today's fixtures and the "
+                       "tables (see pitchlark status --help)."));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.process(app);

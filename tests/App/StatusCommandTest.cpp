@@ -65,12 +65,14 @@ void StatusCommandTest::exitCodes_data()
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<QString>("message"); // on stderr
 
+    // clang-format off
     QTest::newRow("shown") << QStringList() << true << 0 << "";
     QTest::newRow("unreachable, nothing cached") << QStringList() << false << 1
                                                  << "Couldn't reach the World Cup service.";
     QTest::newRow("unknown option") << QStringList{"--nope"} << true << 2 << "Unknown option 'nope'.";
     QTest::newRow("two formats") << QStringList{"--json", "--waybar"} << true << 2 << "Choose one of";
     QTest::newRow("stray argument") << QStringList{"now"} << true << 2 << "Unexpected argument: now";
+    // clang-format on
 }
 
 void StatusCommandTest::exitCodes()
@@ -94,7 +96,9 @@ void StatusCommandTest::jsonRecords()
     QVERIFY(report.value(QStringLiteral("lastUpdated")).toString().endsWith(u'Z'));
     QCOMPARE(report.value(QStringLiteral("allMatches")).toArray().size(), 104);
     QCOMPARE(report.value(QStringLiteral("standings")).toArray().size(), 12);
-    QCOMPARE(report.value(QStringLiteral("settings")).toObject().value(QStringLiteral("refreshInterval")).toInt(), 30);
+    QCOMPARE(
+        report.value(QStringLiteral("settings")).toObject().value(QStringLiteral("refreshInterval")).toInt(),
+        30);
 
     const QJsonArray live = report.value(QStringLiteral("liveMatches")).toArray();
     QCOMPARE(live.size(), 2);

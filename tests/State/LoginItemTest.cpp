@@ -21,17 +21,22 @@ private:
     std::unique_ptr<ModelFixture> m_fixture;
 };
 
-void LoginItemTest::init() { m_fixture = std::make_unique<ModelFixture>(); }
+void LoginItemTest::init()
+{
+    m_fixture = std::make_unique<ModelFixture>();
+}
 
 void LoginItemTest::existingEntry_data()
 {
     QTest::addColumn<QByteArray>("entry");
     QTest::addColumn<bool>("enabled");
 
+    // clang-format off
     QTest::newRow("plain entry") << QByteArray("[Desktop Entry]\nExec=/usr/bin/pitchlark\n") << true;
     QTest::newRow("hidden") << QByteArray("[Desktop Entry]\nHidden=true\n") << false;
     QTest::newRow("switched off in GNOME") << QByteArray("[Desktop Entry]\nX-GNOME-Autostart-enabled=false\n") << false;
     QTest::newRow("switched on in GNOME") << QByteArray("[Desktop Entry]\nX-GNOME-Autostart-enabled=true\n") << true;
+    // clang-format on
 }
 
 void LoginItemTest::existingEntry()

@@ -31,7 +31,10 @@ public:
     }
 
     APIService &api() { return *m_api; }
-    QString settingsPath() const { return m_profile.filePath(QStringLiteral("config/pitchlark/settings.json")); }
+    QString settingsPath() const
+    {
+        return m_profile.filePath(QStringLiteral("config/pitchlark/settings.json"));
+    }
 
 private:
     QTemporaryDir m_profile;

@@ -56,8 +56,9 @@ QByteArray game(const char *id, const char *home, const char *away, const char *
 {
     return QStringLiteral(R"({"id":"%1","home_team_id":"%2","away_team_id":"%3","local_date":"%4",
         "stadium_id":"1","time_elapsed":"%5","home_score":"%6","away_score":"0","finished":"%7"})")
-        .arg(QLatin1StringView(id), QLatin1StringView(home), QLatin1StringView(away), QLatin1StringView(localDate),
-             QLatin1StringView(elapsed), QLatin1StringView(score), QLatin1StringView(finished))
+        .arg(QLatin1StringView(id), QLatin1StringView(home), QLatin1StringView(away),
+             QLatin1StringView(localDate), QLatin1StringView(elapsed), QLatin1StringView(score),
+             QLatin1StringView(finished))
         .toUtf8();
 }
 
@@ -80,17 +81,18 @@ void ModelQueriesTest::init()
     m_model->applyGroups(APIGroupsResponse::decode(groups)->groups);
     const QByteArray games = "[" +
                              QByteArrayList{
-                                 game("1", "1", "2", "06/11/2026 07:00"),          // favourite, scheduled
+                                 game("1", "1", "2", "06/11/2026 07:00"),            // favourite, scheduled
                                  game("2", "3", "4", "06/11/2026 09:00", "67", "1"), // live
-                                 game("3", "5", "6", "06/11/2026 04:00"),          // scheduled, shared instant
+                                 game("3", "5", "6", "06/11/2026 04:00"), // scheduled, shared instant
                                  game("4", "2", "5", "06/11/2026 11:00", "HT", "2"), // favourite, half time
-                                 game("5", "3", "6", ""),                          // undated, number 5
-                                 game("6", "4", "5", "06/11/2026 04:00"),          // shares 3's instant
-                                 game("7", "6", "1", ""),                          // undated, favourite
+                                 game("5", "3", "6", ""),                            // undated, number 5
+                                 game("6", "4", "5", "06/11/2026 04:00"),            // shares 3's instant
+                                 game("7", "6", "1", ""),                            // undated, favourite
                                  game("8", "4", "6", "06/12/2026 13:00", "finished", "3", "TRUE"),
-                                 game("9", "5", "3", "06/12/2026 13:00"),          // shares 8's instant
+                                 game("9", "5", "3", "06/12/2026 13:00"),             // shares 8's instant
                                  game("10", "3", "5", "06/12/2026 13:00", "ft", "1"), // finished, shared
-                             }.join(',') +
+                             }
+                                 .join(',') +
                              "]";
     m_model->applyMatches(APIGamesResponse::decode(games)->games, false);
     m_model->toggleFavorite(QStringLiteral("2"));
@@ -139,12 +141,14 @@ void ModelQueriesTest::trayTitle_data()
     QTest::addColumn<QString>("pin"); // empty: nothing pinned
     QTest::addColumn<QString>("expectedMatch");
 
+    // clang-format off
     QTest::newRow("auto takes the favourite") << "auto" << "" << "4";
     QTest::newRow("rotate never advances") << "rotate" << "" << "4";
     QTest::newRow("pinned live match") << "pinned" << "2" << "2";
     QTest::newRow("pinned match not live") << "pinned" << "1" << "4";
     QTest::newRow("pinned with no pin") << "pinned" << "" << "4";
     QTest::newRow("auto keeps the pin stored") << "auto" << "2" << "4";
+    // clang-format on
 }
 
 void ModelQueriesTest::trayTitle()
@@ -173,7 +177,7 @@ void ModelQueriesTest::contestedKickoffs()
     };
     QVERIFY(concurrent("3") && concurrent("6") && concurrent("9"));
     QVERIFY(!concurrent("8") && !concurrent("10")); // finished at a shared instant
-    QVERIFY(!concurrent("1") && !concurrent("5"));   // alone, and undated
+    QVERIFY(!concurrent("1") && !concurrent("5"));  // alone, and undated
 
     m_model->applyMatches({}, false);
     m_model->rebuildGlobalCaches();
@@ -195,12 +199,14 @@ void ModelQueriesTest::teamSearch_data()
     QTest::addColumn<QString>("query");
     QTest::addColumn<QStringList>("expected"); // "name|group label"
 
+    // clang-format off
     QTest::newRow("empty") << "  " << QStringList();
     QTest::newRow("name, trimmed, any case") << " SOUTH\n" << QStringList{"South Africa|Group A", "South Korea|Group A"};
     QTest::newRow("code") << "can" << QStringList{"Canada|Group B"};
     QTest::newRow("iso2 only") << "za" << QStringList{"South Africa|Group A"};
     QTest::newRow("empty group name falls back") << "czech" << QStringList{"Czechia|"};
     QTest::newRow("team record's group") << "scotland" << QStringList{"Scotland|Group C"};
+    // clang-format on
 }
 
 void ModelQueriesTest::teamSearch()

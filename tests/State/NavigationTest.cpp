@@ -94,7 +94,8 @@ void NavigationTest::equalRouteStillStackedIsNotRenderedTwice()
 void NavigationTest::newerBannerGetsItsOwnFullTime()
 {
     constexpr int lifetime = int(AppModel::bannerLifetime.count());
-    const BannerState first{QStringLiteral("a"), QStringLiteral("Goal!"), QStringLiteral("1"), BannerState::Kind::goal};
+    const BannerState first{QStringLiteral("a"), QStringLiteral("Goal!"), QStringLiteral("1"),
+                            BannerState::Kind::goal};
     const BannerState second{QStringLiteral("b"), QStringLiteral("Full-time"), QStringLiteral("2"),
                              BannerState::Kind::fullTime};
     QElapsedTimer clock;

@@ -60,8 +60,10 @@ void NotificationsTest::notificationFields_data()
     QTest::addColumn<QString>("body");
     QTest::addColumn<QString>("sentBody");
 
+    // clang-format off
     QTest::newRow("plain") << "Mexico 1 – 0 South Africa" << "Mexico 1 – 0 South Africa";
     QTest::newRow("markup escaped") << "Trinidad & Tobago <b>1</b> > 0" << "Trinidad &amp; Tobago &lt;b&gt;1&lt;/b&gt; &gt; 0";
+    // clang-format on
 }
 
 void NotificationsTest::notificationFields()
@@ -76,9 +78,11 @@ void NotificationsTest::notificationFields()
     QCOMPARE(first.appName, QStringLiteral("Pitchlark"));
     QCOMPARE(first.summary, QStringLiteral("Goal!"));
     QTEST(first.body, "sentBody");
-    QCOMPARE(first.hints.value(QStringLiteral("sound-name")).toString(), QStringLiteral("message-new-instant"));
+    QCOMPARE(first.hints.value(QStringLiteral("sound-name")).toString(),
+             QStringLiteral("message-new-instant"));
     QCOMPARE(first.hints.value(QStringLiteral("desktop-entry")).toString(), QStringLiteral("pitchlark"));
-    QCOMPARE(first.hints.value(QStringLiteral("x-pitchlark-request-id")).toString(), QStringLiteral("1-Goal!-AB12"));
+    QCOMPARE(first.hints.value(QStringLiteral("x-pitchlark-request-id")).toString(),
+             QStringLiteral("1-Goal!-AB12"));
     // Two events of one kind are two notifications: neither replaces the other.
     QCOMPARE(first.replacesID, 0u);
     QCOMPARE(m_server.received.constLast().replacesID, 0u);
@@ -104,7 +108,8 @@ void NotificationsTest::modelAlertReachesServer()
     QCOMPARE(m_server.received.at(0).summary, QStringLiteral("Kick-off"));
     QCOMPARE(m_server.received.at(0).body, QStringLiteral("Mexico vs South Africa is underway."));
     QCOMPARE(m_server.received.at(1).summary, QStringLiteral("Goal!"));
-    const QString requestID = m_server.received.at(1).hints.value(QStringLiteral("x-pitchlark-request-id")).toString();
+    const QString requestID =
+        m_server.received.at(1).hints.value(QStringLiteral("x-pitchlark-request-id")).toString();
     QVERIFY2(QRegularExpression(QStringLiteral("^1-Goal!-[0-9A-F]{4}$")).match(requestID).hasMatch(),
              qPrintable(requestID));
 }

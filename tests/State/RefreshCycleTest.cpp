@@ -55,17 +55,19 @@ void RefreshCycleTest::appliesInFixedOrderWhateverArrivesFirst()
     setFault("groups", QJsonValue::Null, 100);
     const auto model = m_fixture->makeModel();
     QStringList applied;
-    for (const auto &[signal, name] : {std::pair{&AppModel::teamsByIDChanged, "teams"},
-                                       std::pair{&AppModel::stadiumsByIDChanged, "stadiums"},
-                                       std::pair{&AppModel::standingsChanged, "groups"},
-                                       std::pair{&AppModel::allMatchesChanged, "games"}})
-        connect(model.get(), signal, this, [&applied, name = name] { applied.append(QLatin1StringView(name)); });
+    for (const auto &[signal, name] :
+         {std::pair{&AppModel::teamsByIDChanged, "teams"},
+          std::pair{&AppModel::stadiumsByIDChanged, "stadiums"},
+          std::pair{&AppModel::standingsChanged, "groups"}, std::pair{&AppModel::allMatchesChanged, "games"}})
+        connect(model.get(), signal, this,
+                [&applied, name = name] { applied.append(QLatin1StringView(name)); });
 
     fetch(*model);
     QCOMPARE(applied, QStringList({"teams", "stadiums", "groups", "games"}));
     QCOMPARE(model->allMatches().size(), 104);
-    const Match &opening = *std::find_if(model->allMatches().cbegin(), model->allMatches().cend(),
-                                         [](const Match &match) { return match.id == QLatin1StringView("1"); });
+    const Match &opening =
+        *std::find_if(model->allMatches().cbegin(), model->allMatches().cend(),
+                      [](const Match &match) { return match.id == QLatin1StringView("1"); });
     QCOMPARE(opening.homeTeam, QStringLiteral("Mexico"));
     QCOMPARE(opening.stadium, QStringLiteral("Estadio Azteca"));
     QCOMPARE(model->standings().size(), 12);
@@ -135,7 +137,8 @@ void RefreshCycleTest::failures()
     clock = clock.addSecs(30);
     fetch(*model);
 
-    QCOMPARE(model->errorMessage(), showsMessage ? std::optional(AppModel::unreachableMessage) : std::nullopt);
+    QCOMPARE(model->errorMessage(),
+             showsMessage ? std::optional(AppModel::unreachableMessage) : std::nullopt);
     QCOMPARE(model->lastUpdated(), stampMoves ? clock : stampBefore);
     QVERIFY(!model->isLoading());
     if (earlierData)

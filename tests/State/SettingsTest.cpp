@@ -73,7 +73,9 @@ void SettingsTest::storeTypeRules()
     writeFile(path, R"({"Key":)" + stored + "}");
 
     const SettingsStore store(path);
-    const auto optionalToVariant = [](const auto &value) { return value ? QVariant::fromValue(*value) : QVariant(); };
+    const auto optionalToVariant = [](const auto &value) {
+        return value ? QVariant::fromValue(*value) : QVariant();
+    };
     QTEST(optionalToVariant(store.string(QStringLiteral("Key"))), "asString");
     QTEST(optionalToVariant(store.integer(QStringLiteral("Key"))), "asInteger");
     QTEST(optionalToVariant(store.real(QStringLiteral("Key"))), "asReal");
@@ -161,7 +163,8 @@ void SettingsTest::modelLoadsWithDefaults()
     QTEST(model->notificationsEnabled(), "notificationsEnabled");
     // The floating style never outlives a run, and the rest keep their defaults.
     QVERIFY(!model->floatingCards());
-    QVERIFY(model->notifyMatchStart() && model->notifyGoals() && model->notifyFullTime() && model->inAppBanners());
+    QVERIFY(model->notifyMatchStart() && model->notifyGoals() && model->notifyFullTime() &&
+            model->inAppBanners());
     QCOMPARE(model->glassTintHue(), 0.58);
     QCOMPARE(model->surfaceOpacity(), 0.62);
     QVERIFY(!model->pinnedLiveMatchID());
@@ -183,7 +186,8 @@ void SettingsTest::actionsPersist()
     }
     const QJsonObject stored = QJsonDocument::fromJson(readFile(fixture.settingsPath())).object();
     // Plain text order, as stored lists are compared by other tools too.
-    QCOMPARE(stored.value(QStringLiteral("FavoriteTeamIDs")).toVariant().toStringList(), QStringList({"12", "7"}));
+    QCOMPARE(stored.value(QStringLiteral("FavoriteTeamIDs")).toVariant().toStringList(),
+             QStringList({"12", "7"}));
     QCOMPARE(stored.value(QStringLiteral("PinnedLiveMatchID")).toString(), QStringLiteral("104"));
     QCOMPARE(stored.value(QStringLiteral("TrayDisplayMode")).toString(), QStringLiteral("pinned"));
     QCOMPARE(stored.value(QStringLiteral("RefreshIntervalSeconds")).toInteger(), 15);
@@ -198,7 +202,8 @@ void SettingsTest::actionsPersist()
     QVERIFY(!restarted->floatingCards());
 
     restarted->togglePinnedMatch(QStringLiteral("104"));
-    QVERIFY(!QJsonDocument::fromJson(readFile(fixture.settingsPath())).object().contains("PinnedLiveMatchID"));
+    QVERIFY(
+        !QJsonDocument::fromJson(readFile(fixture.settingsPath())).object().contains("PinnedLiveMatchID"));
 }
 
 void SettingsTest::glassWritesStoreAndNotifyPanel()

@@ -11,6 +11,12 @@ constexpr RawValueTable<MatchStatus, 4> rawValues{{
 }};
 } // namespace
 
-QString rawValue(MatchStatus status) { return textForCase(rawValues, status); }
+QString rawValue(MatchStatus status)
+{
+    return textForCase(rawValues, status);
+}
 
-std::optional<MatchStatus> matchStatusFromRawValue(const QString &text) { return caseForText(rawValues, text); }
+std::optional<MatchStatus> matchStatusFromRawValue(const QString &text)
+{
+    return caseForText(rawValues, text);
+}

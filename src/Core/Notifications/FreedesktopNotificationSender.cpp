@@ -6,7 +6,10 @@
 
 FreedesktopNotificationSender::FreedesktopNotificationSender(QDBusConnection bus) : m_bus(std::move(bus)) {}
 
-bool FreedesktopNotificationSender::insideFlatpak() { return QFile::exists(QStringLiteral("/.flatpak-info")); }
+bool FreedesktopNotificationSender::insideFlatpak()
+{
+    return QFile::exists(QStringLiteral("/.flatpak-info"));
+}
 
 QString FreedesktopNotificationSender::escapedBody(const QString &body)
 {

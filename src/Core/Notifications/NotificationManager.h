@@ -7,7 +7,9 @@
 // Posts the model's alerts through the desktop's notification service, when there is one.
 class NotificationManager {
 public:
-    explicit NotificationManager(std::unique_ptr<NotificationSender> center = {}) : m_center(std::move(center)) {}
+    explicit NotificationManager(std::unique_ptr<NotificationSender> center = {})
+        : m_center(std::move(center))
+    {}
 
     void add(const QString &identifier, const QString &title, const QString &body)
     {

@@ -33,14 +33,35 @@ constexpr RawValueTable<RefreshInterval, 4> intervalLabels{{
 
 } // namespace
 
-QString rawValue(Section section) { return textForCase(sectionNames, section); }
-std::optional<Section> sectionFromRawValue(const QString &text) { return caseForText(sectionNames, text); }
-QList<Section> allSections() { return allCases(sectionNames); }
+QString rawValue(Section section)
+{
+    return textForCase(sectionNames, section);
+}
+std::optional<Section> sectionFromRawValue(const QString &text)
+{
+    return caseForText(sectionNames, text);
+}
+QList<Section> allSections()
+{
+    return allCases(sectionNames);
+}
 
-QString rawValue(TrayDisplayMode mode) { return textForCase(modeNames, mode); }
-std::optional<TrayDisplayMode> trayDisplayModeFromRawValue(const QString &text) { return caseForText(modeNames, text); }
-QString title(TrayDisplayMode mode) { return textForCase(modeTitles, mode); }
-QList<TrayDisplayMode> allTrayDisplayModes() { return allCases(modeNames); }
+QString rawValue(TrayDisplayMode mode)
+{
+    return textForCase(modeNames, mode);
+}
+std::optional<TrayDisplayMode> trayDisplayModeFromRawValue(const QString &text)
+{
+    return caseForText(modeNames, text);
+}
+QString title(TrayDisplayMode mode)
+{
+    return textForCase(modeTitles, mode);
+}
+QList<TrayDisplayMode> allTrayDisplayModes()
+{
+    return allCases(modeNames);
+}
 
 std::optional<RefreshInterval> refreshIntervalFromSeconds(qint64 seconds)
 {
@@ -50,5 +71,11 @@ std::optional<RefreshInterval> refreshIntervalFromSeconds(qint64 seconds)
     }
     return std::nullopt;
 }
-QString label(RefreshInterval interval) { return textForCase(intervalLabels, interval); }
-QList<RefreshInterval> allRefreshIntervals() { return allCases(intervalLabels); }
+QString label(RefreshInterval interval)
+{
+    return textForCase(intervalLabels, interval);
+}
+QList<RefreshInterval> allRefreshIntervals()
+{
+    return allCases(intervalLabels);
+}

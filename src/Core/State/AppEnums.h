@@ -23,7 +23,10 @@ std::optional<TrayDisplayMode> trayDisplayModeFromRawValue(const QString &text);
 QString title(TrayDisplayMode mode);
 QList<TrayDisplayMode> allTrayDisplayModes();
 
-constexpr int seconds(RefreshInterval interval) { return int(interval); }
+constexpr int seconds(RefreshInterval interval)
+{
+    return int(interval);
+}
 std::optional<RefreshInterval> refreshIntervalFromSeconds(qint64 seconds);
 QString label(RefreshInterval interval);
 QList<RefreshInterval> allRefreshIntervals();

@@ -53,11 +53,13 @@ void AppModel::loadSettings()
     const auto favorites = m_settings->stringList(SettingsKeys::favoriteTeamIDs).value_or(QStringList());
     m_favoriteTeamIDs = QSet<QString>(favorites.cbegin(), favorites.cend());
     m_pinnedLiveMatchID = m_settings->string(SettingsKeys::pinnedLiveMatchID);
-    m_trayDisplayMode = trayDisplayModeFromRawValue(m_settings->string(SettingsKeys::trayDisplayMode).value_or(QString()))
-                            .value_or(TrayDisplayMode::automatic);
+    m_trayDisplayMode =
+        trayDisplayModeFromRawValue(m_settings->string(SettingsKeys::trayDisplayMode).value_or(QString()))
+            .value_or(TrayDisplayMode::automatic);
     // 15, 60 and 300 are kept; every other number, and anything that is not a number, means 30 s.
-    m_refreshInterval = refreshIntervalFromSeconds(m_settings->integer(SettingsKeys::refreshIntervalSeconds).value_or(30))
-                            .value_or(RefreshInterval::thirty);
+    m_refreshInterval =
+        refreshIntervalFromSeconds(m_settings->integer(SettingsKeys::refreshIntervalSeconds).value_or(30))
+            .value_or(RefreshInterval::thirty);
     m_glassBlur = m_settings->real(SettingsKeys::glassBlur).value_or(m_glassBlur);
     m_glassTintHue = m_settings->real(SettingsKeys::glassTintHue).value_or(m_glassTintHue);
     m_glassTint = m_settings->real(SettingsKeys::glassTint).value_or(m_glassTint);
@@ -75,7 +77,8 @@ void AppModel::loadSettings()
 void AppModel::hydrateFromCache()
 {
     // An endpoint whose cache is missing, unreadable or undecodable counts as an empty list.
-    const auto cachedList = [this]<typename Envelope, typename List>(const QString &path, List Envelope::*list) {
+    const auto cachedList = [this]<typename Envelope, typename List>(const QString &path,
+                                                                     List Envelope::*list) {
         const auto file = m_api->cacheURL(path);
         if (!file)
             return List();

@@ -43,9 +43,10 @@ class AppModel : public QObject {
     Q_PROPERTY(QString section READ sectionName WRITE setSectionName NOTIFY sectionChanged)
     Q_PROPERTY(QString selectedDate READ selectedDate WRITE setSelectedDate NOTIFY selectedDateChanged)
     Q_PROPERTY(QString selectedGroup READ selectedGroup WRITE setSelectedGroup NOTIFY selectedGroupChanged)
-    Q_PROPERTY(QString teamSearchText READ teamSearchText WRITE setTeamSearchText NOTIFY teamSearchTextChanged)
-    Q_PROPERTY(QString selectedTeamFilterID READ selectedTeamFilterIDText WRITE setSelectedTeamFilterIDText NOTIFY
-                   selectedTeamFilterIDChanged)
+    Q_PROPERTY(
+        QString teamSearchText READ teamSearchText WRITE setTeamSearchText NOTIFY teamSearchTextChanged)
+    Q_PROPERTY(QString selectedTeamFilterID READ selectedTeamFilterIDText WRITE setSelectedTeamFilterIDText
+                   NOTIFY selectedTeamFilterIDChanged)
     Q_PROPERTY(QList<PanelRoute> detailStack READ detailStack NOTIFY detailStackChanged)
     Q_PROPERTY(QVariant poppingRoute READ poppingRouteValue NOTIFY poppingRouteChanged)
     Q_PROPERTY(QList<PanelRoute> renderedRoutes READ renderedRoutes NOTIFY renderedRoutesChanged)
@@ -58,7 +59,8 @@ class AppModel : public QObject {
                    startAtLoginStatusMessageChanged)
     Q_PROPERTY(bool notificationsEnabled READ notificationsEnabled WRITE setNotificationsEnabled NOTIFY
                    notificationsEnabledChanged)
-    Q_PROPERTY(bool notifyMatchStart READ notifyMatchStart WRITE setNotifyMatchStart NOTIFY notifyMatchStartChanged)
+    Q_PROPERTY(
+        bool notifyMatchStart READ notifyMatchStart WRITE setNotifyMatchStart NOTIFY notifyMatchStartChanged)
     Q_PROPERTY(bool notifyGoals READ notifyGoals WRITE setNotifyGoals NOTIFY notifyGoalsChanged)
     Q_PROPERTY(bool notifyFullTime READ notifyFullTime WRITE setNotifyFullTime NOTIFY notifyFullTimeChanged)
     Q_PROPERTY(bool inAppBanners READ inAppBanners WRITE setInAppBanners NOTIFY inAppBannersChanged)

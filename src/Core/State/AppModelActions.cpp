@@ -4,7 +4,6 @@
 
 #include <QPointer>
 
-
 void AppModel::open(const PanelRoute &route)
 {
     setPoppingRoute(std::nullopt);

@@ -20,7 +20,8 @@ void AppModel::rebuildGlobalCaches()
     QList<Match> live;
     std::copy_if(m_allMatches.cbegin(), m_allMatches.cend(), std::back_inserter(live),
                  [](const Match &match) { return isLive(match.status); });
-    m_liveMatchesCache = stablySorted(live, [this](const Match &a, const Match &b) { return prioritizedMatchSort(a, b); });
+    m_liveMatchesCache =
+        stablySorted(live, [this](const Match &a, const Match &b) { return prioritizedMatchSort(a, b); });
 
     QList<TeamSummary> favorites;
     for (const QString &teamID : m_favoriteTeamIDs)
@@ -40,15 +41,16 @@ void AppModel::applySelectedDateFilter()
     const QString todayKey = formatters.dateKey(now());
     QList<Match> filtered;
     for (const Match &match : std::as_const(m_allMatches)) {
-        const bool keep = m_selectedTeamFilterID
-                              ? (match.homeTeamID == *m_selectedTeamFilterID ||
-                                 match.awayTeamID == *m_selectedTeamFilterID)
-                              : (match.kickoffDate.isValid() ? formatters.dateKey(match.kickoffDate) : todayKey) ==
-                                    m_selectedDate;
+        const bool keep =
+            m_selectedTeamFilterID
+                ? (match.homeTeamID == *m_selectedTeamFilterID || match.awayTeamID == *m_selectedTeamFilterID)
+                : (match.kickoffDate.isValid() ? formatters.dateKey(match.kickoffDate) : todayKey) ==
+                      m_selectedDate;
         if (keep)
             filtered.append(match);
     }
-    filtered = stablySorted(filtered, [this](const Match &a, const Match &b) { return fixtureListSort(a, b); });
+    filtered =
+        stablySorted(filtered, [this](const Match &a, const Match &b) { return fixtureListSort(a, b); });
     // An unchanged list is not published again, so a refresh that brings nothing new redraws nothing.
     if (filtered != m_matches)
         setMatches(filtered);
@@ -134,21 +136,26 @@ QList<Match> AppModel::matchesForStadiumID(const QString &stadiumID) const
 
 QList<APIStadium> AppModel::allStadiumsSorted() const
 {
-    const auto number = [](const APIStadium &stadium) { return TextParsing::parseInteger(stadium.id).value_or(0); };
-    return stablySorted(m_stadiumsByID.values(),
-                        [&number](const APIStadium &a, const APIStadium &b) { return number(a) < number(b); });
+    const auto number = [](const APIStadium &stadium) {
+        return TextParsing::parseInteger(stadium.id).value_or(0);
+    };
+    return stablySorted(m_stadiumsByID.values(), [&number](const APIStadium &a, const APIStadium &b) {
+        return number(a) < number(b);
+    });
 }
 
 QList<APITeam> AppModel::allTeamsSorted() const
 {
-    return stablySorted(m_teamsByID.values(), [](const APITeam &a, const APITeam &b) { return a.nameEn < b.nameEn; });
+    return stablySorted(m_teamsByID.values(),
+                        [](const APITeam &a, const APITeam &b) { return a.nameEn < b.nameEn; });
 }
 
 std::optional<QString> AppModel::groupLabel(const QString &teamID) const
 {
     for (const GroupStanding &group : m_standings) {
-        const bool holdsTeam = std::any_of(group.standings.cbegin(), group.standings.cend(),
-                                           [&teamID](const StandingRow &row) { return row.teamID == teamID; });
+        const bool holdsTeam =
+            std::any_of(group.standings.cbegin(), group.standings.cend(),
+                        [&teamID](const StandingRow &row) { return row.teamID == teamID; });
         if (!holdsTeam)
             continue;
         if (!group.group.isEmpty())
@@ -172,8 +179,9 @@ std::optional<Match> AppModel::trayMatch(const QList<Match> &live) const
         return live.at(m_liveRotationIndex % live.size());
     case TrayDisplayMode::pinned:
         if (m_pinnedLiveMatchID) {
-            const auto pinned = std::find_if(live.cbegin(), live.cend(),
-                                             [this](const Match &match) { return match.id == *m_pinnedLiveMatchID; });
+            const auto pinned = std::find_if(live.cbegin(), live.cend(), [this](const Match &match) {
+                return match.id == *m_pinnedLiveMatchID;
+            });
             if (pinned != live.cend())
                 return *pinned;
         }
@@ -205,7 +213,8 @@ QList<TeamSearchResult> AppModel::teamSearchResults() const
     found = stablySorted(found, [](const APITeam &a, const APITeam &b) { return a.nameEn < b.nameEn; });
     QList<TeamSearchResult> results;
     for (const APITeam &team : found.first(std::min(found.size(), maximumResults)))
-        results.append(TeamSearchResult{team.id, team.nameEn, team.fifaCode, Normalization::flagURL(team), groupLabel(team.id)});
+        results.append(TeamSearchResult{team.id, team.nameEn, team.fifaCode, Normalization::flagURL(team),
+                                        groupLabel(team.id)});
     return results;
 }
 
@@ -215,8 +224,9 @@ TeamDetailState AppModel::teamDetailState(const QString &teamID) const
     state.id = teamID;
     state.summary = teamSummary(teamID);
     for (const GroupStanding &group : m_standings) {
-        const auto row = std::find_if(group.standings.cbegin(), group.standings.cend(),
-                                      [&teamID](const StandingRow &standing) { return standing.teamID == teamID; });
+        const auto row =
+            std::find_if(group.standings.cbegin(), group.standings.cend(),
+                         [&teamID](const StandingRow &standing) { return standing.teamID == teamID; });
         if (row != group.standings.cend()) {
             state.group = group.group;
             state.groupStanding = group;
@@ -224,8 +234,9 @@ TeamDetailState AppModel::teamDetailState(const QString &teamID) const
             break;
         }
     }
-    std::copy_if(m_allMatches.cbegin(), m_allMatches.cend(), std::back_inserter(state.matches),
-                 [&teamID](const Match &match) { return match.homeTeamID == teamID || match.awayTeamID == teamID; });
+    std::copy_if(
+        m_allMatches.cbegin(), m_allMatches.cend(), std::back_inserter(state.matches),
+        [&teamID](const Match &match) { return match.homeTeamID == teamID || match.awayTeamID == teamID; });
     state.matches = stablySorted(state.matches, &AppModel::sortMatchesByKickoff);
     const auto finished = [](const Match &match) { return match.status == MatchStatus::finished; };
     const auto next = std::find_if_not(state.matches.cbegin(), state.matches.cend(), finished);

@@ -4,9 +4,15 @@
 
 namespace {
 
-QString freshIdentity() { return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper(); }
+QString freshIdentity()
+{
+    return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+}
 
-int totalGoals(std::optional<int> home, std::optional<int> away) { return home.value_or(0) + away.value_or(0); }
+int totalGoals(std::optional<int> home, std::optional<int> away)
+{
+    return home.value_or(0) + away.value_or(0);
+}
 
 } // namespace
 

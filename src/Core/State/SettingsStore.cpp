@@ -10,7 +10,10 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
-SettingsStore::SettingsStore(QString filePath) : m_filePath(std::move(filePath)) { load(); }
+SettingsStore::SettingsStore(QString filePath) : m_filePath(std::move(filePath))
+{
+    load();
+}
 
 QString SettingsStore::defaultFilePath()
 {
@@ -78,11 +81,26 @@ std::optional<double> SettingsStore::real(const QString &key) const
     return value.isDouble() ? std::optional(value.toDouble()) : std::nullopt;
 }
 
-void SettingsStore::set(const QString &key, const QString &value) { write(key, value); }
-void SettingsStore::set(const QString &key, const QStringList &value) { write(key, QJsonArray::fromStringList(value)); }
-void SettingsStore::set(const QString &key, bool value) { write(key, value); }
-void SettingsStore::set(const QString &key, qint64 value) { write(key, value); }
-void SettingsStore::set(const QString &key, double value) { write(key, value); }
+void SettingsStore::set(const QString &key, const QString &value)
+{
+    write(key, value);
+}
+void SettingsStore::set(const QString &key, const QStringList &value)
+{
+    write(key, QJsonArray::fromStringList(value));
+}
+void SettingsStore::set(const QString &key, bool value)
+{
+    write(key, value);
+}
+void SettingsStore::set(const QString &key, qint64 value)
+{
+    write(key, value);
+}
+void SettingsStore::set(const QString &key, double value)
+{
+    write(key, value);
+}
 
 void SettingsStore::remove(const QString &key)
 {

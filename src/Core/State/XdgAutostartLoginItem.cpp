@@ -7,7 +7,9 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
-XdgAutostartLoginItem::XdgAutostartLoginItem(QString executablePath) : m_executablePath(std::move(executablePath)) {}
+XdgAutostartLoginItem::XdgAutostartLoginItem(QString executablePath)
+    : m_executablePath(std::move(executablePath))
+{}
 
 QString XdgAutostartLoginItem::entryPath()
 {
