@@ -8,7 +8,7 @@ using FeedDecoding::text;
 APIGame APIGame::fromJson(const QJsonObject &object)
 {
     APIGame game;
-    game.id = lossyString(object, QLatin1StringView("id")).value_or(FeedDecoding::randomIdentity());
+    game.id = FeedDecoding::identity(object);
     game.homeTeamID = text(object, QLatin1StringView("home_team_id"), game.homeTeamID);
     game.awayTeamID = text(object, QLatin1StringView("away_team_id"), game.awayTeamID);
     game.homeScore = text(object, QLatin1StringView("home_score"), game.homeScore);

@@ -8,8 +8,7 @@ using FeedDecoding::text;
 APIStadium APIStadium::fromJson(const QJsonObject &object)
 {
     APIStadium stadium;
-    stadium.id =
-        FeedDecoding::lossyString(object, QLatin1StringView("id")).value_or(FeedDecoding::randomIdentity());
+    stadium.id = FeedDecoding::identity(object);
     stadium.nameEn = text(object, QLatin1StringView("name_en"), stadium.nameEn);
     stadium.fifaName = text(object, QLatin1StringView("fifa_name"), stadium.fifaName);
     stadium.cityEn = text(object, QLatin1StringView("city_en"), stadium.cityEn);

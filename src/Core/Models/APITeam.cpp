@@ -7,8 +7,7 @@ using FeedDecoding::text;
 APITeam APITeam::fromJson(const QJsonObject &object)
 {
     APITeam team;
-    team.id =
-        FeedDecoding::lossyString(object, QLatin1StringView("id")).value_or(FeedDecoding::randomIdentity());
+    team.id = FeedDecoding::identity(object);
     team.nameEn = text(object, QLatin1StringView("name_en"), team.nameEn);
     team.flag = text(object, QLatin1StringView("flag"), team.flag);
     team.fifaCode = text(object, QLatin1StringView("fifa_code"), team.fifaCode);

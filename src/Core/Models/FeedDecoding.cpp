@@ -30,8 +30,10 @@ QString text(const QJsonObject &object, QLatin1StringView key, const QString &fa
     return lossyString(object, key).value_or(fallback);
 }
 
-QString randomIdentity()
+QString identity(const QJsonObject &object)
 {
+    if (auto id = lossyString(object, QLatin1StringView("id")))
+        return std::move(*id);
     return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
 }
 

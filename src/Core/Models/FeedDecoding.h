@@ -25,8 +25,9 @@ std::optional<QString> lossyString(const QJsonObject &object, QLatin1StringView 
 // lossyString() with the field's default in place of nothing.
 QString text(const QJsonObject &object, QLatin1StringView key, const QString &fallback);
 
-// A fresh identity for a record that came without one: an upper-case canonical UUID.
-QString randomIdentity();
+// The record's "id", or for a record that came without one a fresh upper-case canonical UUID, made
+// only then: UUIDs are costly enough to show in a whole body's decoding time.
+QString identity(const QJsonObject &object);
 
 // Every element must be an object; one that is not fails the whole list.
 template<typename Record>

@@ -3,6 +3,7 @@
 #include "Networking/APIService.h"
 #include "Support/TextParsing.h"
 
+#include <QMutex>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -33,8 +34,16 @@ QUrl flagURL(const APITeam &team)
 {
     if (team.flag.isEmpty())
         return {};
+    // Every game parses both sides' flags, and there are only 48 teams: remember what each text gave.
+    static QMutex mutex;
+    static QHash<QString, QUrl> parsed;
+    const QMutexLocker locker(&mutex);
+    if (const auto known = parsed.constFind(team.flag); known != parsed.constEnd())
+        return *known;
+    if (parsed.size() >= 256)
+        parsed.clear();
     const QUrl url(team.flag, QUrl::StrictMode);
-    return url.isValid() ? url : QUrl();
+    return *parsed.insert(team.flag, url.isValid() ? url : QUrl());
 }
 
 Match normalizeMatch(const APIGame &game, const TeamTable &teamsByID, const StadiumTable &stadiumsByID,

@@ -38,7 +38,9 @@ QString WCFormatters::dayNumber(const QDateTime &instant) const
 }
 QString WCFormatters::kickoffTime(const QDateTime &instant) const
 {
-    return format(instant, u"HH:mm");
+    // Every match card shows one, so it skips the general pattern formatter.
+    const QTime time = instant.toTimeZone(m_zone).time();
+    return QString::asprintf("%02d:%02d", time.hour(), time.minute());
 }
 QString WCFormatters::kickoffFull(const QDateTime &instant) const
 {
