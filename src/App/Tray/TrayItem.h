@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <QString>
+#include <QStringList>
+
+// The program's item in the desktop's tray: an icon, or the live score as its label, and a small menu.
+// The application wires the model's title into it and its requests to the panel and the model.
+class TrayItem : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    // The live score; empty means the icon alone.
+    virtual void setTitle(const QString &title) = 0;
+    // What the tooltip shows under the title: one line per live match.
+    virtual void setLiveMatches(const QStringList &lines) = 0;
+
+signals:
+    // A primary click (or "Open Pitchlark"): toggle the panel on the screen holding globalPosition,
+    // or on the primary screen when the position is not known (a null point).
+    void activated(const QPoint &globalPosition);
+    void refreshRequested();
+    void quitRequested();
+};
