@@ -15,6 +15,8 @@ packages=(
   qml6-module-qtquick-window qml6-module-qtquick-shapes qml6-module-qt5compat-graphicaleffects
   # updates, desktop and tests
   libsodium-dev dbus-daemon dbus-bin xvfb xauth fonts-noto-color-emoji tzdata
+  # the real StatusNotifierWatcher the tray tests register with
+  haskell-status-notifier-item-utils
 )
 
 missing=()

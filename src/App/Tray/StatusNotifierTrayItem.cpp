@@ -1,0 +1,131 @@
+#include "StatusNotifierTrayItem.h"
+
+#include "DBusMenuExporter.h"
+#include "StatusIcon.h"
+#include "TrayMenu.h"
+
+#include <QCoreApplication>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QtEndian>
+
+#include <atomic>
+
+namespace {
+
+const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString itemPath = QStringLiteral("/StatusNotifierItem");
+const QString menuPath = QStringLiteral("/MenuBar");
+
+// One name per item, so a second item in the same process (tests, or an item rebuilt after a restart of
+// the desktop) never collides with the first.
+QString nextServiceName()
+{
+    static std::atomic<int> counter{0};
+    return QStringLiteral("org.kde.StatusNotifierItem-%1-%2")
+        .arg(QCoreApplication::applicationPid())
+        .arg(++counter);
+}
+
+StatusNotifierIconPixmap networkOrderPixmap(const QImage &image)
+{
+    StatusNotifierIconPixmap pixmap{image.width(), image.height(), {}};
+    pixmap.argb.resize(qsizetype(image.width()) * image.height() * 4);
+    auto *out = reinterpret_cast<uchar *>(pixmap.argb.data());
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *row = reinterpret_cast<const quint32 *>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x, out += 4)
+            qToBigEndian(row[x], out);
+    }
+    return pixmap;
+}
+
+} // namespace
+
+StatusNotifierTrayItem::StatusNotifierTrayItem(QObject *parent)
+    : TrayItem(parent), m_bus(QDBusConnection::sessionBus()), m_serviceName(nextServiceName()),
+      m_watcherMonitor(watcherService, m_bus, QDBusServiceWatcher::WatchForRegistration),
+      m_menu(new DBusMenuExporter(*this, this))
+{
+    registerTrayDBusTypes();
+    for (int size : statusIconSizes)
+        m_iconPixmap.append(networkOrderPixmap(renderStatusIcon(size)));
+
+    m_bus.registerObject(itemPath, this, QDBusConnection::ExportScriptableContents);
+    m_bus.registerObject(menuPath, m_menu, QDBusConnection::ExportAllContents);
+    m_bus.registerService(m_serviceName);
+
+    connect(&m_watcherMonitor, &QDBusServiceWatcher::serviceRegistered, this,
+            &StatusNotifierTrayItem::registerWithWatcher);
+    registerWithWatcher();
+}
+
+StatusNotifierTrayItem::~StatusNotifierTrayItem()
+{
+    // Dropping the name is what tells the watcher the item is gone.
+    m_bus.unregisterService(m_serviceName);
+    m_bus.unregisterObject(menuPath);
+    m_bus.unregisterObject(itemPath);
+}
+
+void StatusNotifierTrayItem::registerWithWatcher()
+{
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(watcherService, QStringLiteral("/StatusNotifierWatcher"),
+                                       watcherService, QStringLiteral("RegisterStatusNotifierItem"));
+    call << m_serviceName;
+    // The watcher may not be there yet; it is then registered with when it appears, never started for us.
+    call.setAutoStartService(false);
+    m_bus.asyncCall(call);
+}
+
+void StatusNotifierTrayItem::setTitle(const QString &title)
+{
+    if (title == m_title)
+        return;
+    m_title = title;
+    emit XAyatanaNewLabel(label(), labelGuide());
+    emit NewToolTip();
+}
+
+void StatusNotifierTrayItem::setLiveMatches(const QStringList &lines)
+{
+    if (lines == m_liveMatches)
+        return;
+    m_liveMatches = lines;
+    emit NewToolTip();
+}
+
+QString StatusNotifierTrayItem::iconName() const
+{
+    // No host lets an item drop its icon and keep a label, and hosts without labels (KDE Plasma) would
+    // show an empty slot, so the icon stays beside the score.
+    return statusIconName();
+}
+
+StatusNotifierToolTip StatusNotifierTrayItem::toolTip() const
+{
+    // Hosts that show no label still get the score here.
+    return {{}, {}, m_title.isEmpty() ? itemTitle() : m_title, m_liveMatches.join(QLatin1Char('\n'))};
+}
+
+QDBusObjectPath StatusNotifierTrayItem::menu() const
+{
+    return QDBusObjectPath(menuPath);
+}
+
+QString StatusNotifierTrayItem::labelGuide() const
+{
+    // The widest score the label is expected to hold, so the host reserves a steady width.
+    return QStringLiteral("WWW 10–10 WWW");
+}
+
+void StatusNotifierTrayItem::Activate(int x, int y)
+{
+    runTrayAction(*this, TrayAction::Open, QPoint(x, y));
+}
+
+void StatusNotifierTrayItem::SecondaryActivate(int, int)
+{
+    runTrayAction(*this, TrayAction::Refresh);
+}
