@@ -1,0 +1,440 @@
+#include "SingleInstance.h"
+#include "StatusNotifierTrayItem.h"
+#include "TrayFactory.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMetaType>
+#include <QDBusPendingCall>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTest>
+#include <QtEndian>
+
+// The tray item on a private session bus (CTest runs this under dbus-run-session) against Debian's real
+// status-notifier-watcher. No tray host runs here, so the test plays the host: it reads properties,
+// asks for the menu and sends clicks from a connection of its own, as a panel would.
+class StatusNotifierTrayTest : public QObject {
+    Q_OBJECT
+
+public:
+    StatusNotifierTrayTest() : m_host(QDBusConnection::connectToBus(QDBusConnection::SessionBus, "host")) {}
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase() { stopWatcher(); }
+    void registersAgainWhenWatcherRestarts();
+    void labelFollowsTitle_data();
+    void labelFollowsTitle();
+    void iconPixmapIsNetworkOrderArgb();
+    void itemMethods_data();
+    void itemMethods();
+    void menuLayout_data();
+    void menuLayout();
+    void menuEvents_data();
+    void menuEvents();
+    void factoryPicksStatusNotifierItem();
+    void secondInstance_data();
+    void secondInstance();
+
+private slots:
+    void recordNewLabel(const QString &label, const QString &) { m_labels.append(label); }
+    void recordNewToolTip() { ++m_toolTipSignals; }
+
+private:
+    void startWatcher();
+    void stopWatcher();
+    QStringList registeredItems();
+    QDBusMessage callHost(QDBusMessage call);
+    QDBusMessage callItem(const StatusNotifierTrayItem &item, const QString &method,
+                          const QVariantList &args);
+    QDBusMessage callMenu(const StatusNotifierTrayItem &item, const QString &method,
+                          const QVariantList &args);
+    QVariant itemProperty(const StatusNotifierTrayItem &item, const QString &name);
+
+    QDBusConnection m_host;
+    QProcess m_watcher;
+    QStringList m_labels;
+    int m_toolTipSignals = 0;
+};
+
+namespace {
+
+const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
+
+// Which tray signals one action fired, by name.
+struct TraySignals {
+    explicit TraySignals(TrayItem &item)
+        : activated(&item, &TrayItem::activated), refresh(&item, &TrayItem::refreshRequested),
+          quit(&item, &TrayItem::quitRequested)
+    {}
+    QStringList fired() const
+    {
+        QStringList names;
+        for (const QVariantList &call : activated)
+            names.append(
+                QStringLiteral("activated(%1,%2)").arg(call[0].toPoint().x()).arg(call[0].toPoint().y()));
+        names.append(QStringList(refresh.size(), QStringLiteral("refreshRequested")));
+        names.append(QStringList(quit.size(), QStringLiteral("quitRequested")));
+        return names;
+    }
+    QSignalSpy activated;
+    QSignalSpy refresh;
+    QSignalSpy quit;
+};
+
+} // namespace
+
+void StatusNotifierTrayTest::initTestCase()
+{
+    QVERIFY2(m_host.isConnected(), "no session bus: run under dbus-run-session");
+    QVERIFY2(!QStandardPaths::findExecutable(QStringLiteral("status-notifier-watcher")).isEmpty(),
+             "status-notifier-watcher is missing: run scripts/install-deps.sh");
+    registerTrayDBusTypes();
+    startWatcher();
+}
+
+void StatusNotifierTrayTest::startWatcher()
+{
+    m_watcher.start(QStringLiteral("status-notifier-watcher"), {});
+    QVERIFY(m_watcher.waitForStarted());
+    QTRY_VERIFY(m_host.interface()->isServiceRegistered(watcherService));
+}
+
+void StatusNotifierTrayTest::stopWatcher()
+{
+    if (m_watcher.state() == QProcess::NotRunning)
+        return;
+    m_watcher.kill();
+    m_watcher.waitForFinished();
+    QTRY_VERIFY(!m_host.interface()->isServiceRegistered(watcherService));
+}
+
+// Calls are made asynchronously: the item answers on this same thread, so a blocking call would wait
+// for itself.
+QDBusMessage StatusNotifierTrayTest::callHost(QDBusMessage call)
+{
+    call.setAutoStartService(false);
+    QDBusPendingCall pending = m_host.asyncCall(call, 5000);
+    if (!QTest::qWaitFor([&pending] { return pending.isFinished(); }, 6000))
+        return {};
+    // Deliver the signals that arrived before the reply.
+    QCoreApplication::processEvents();
+    return pending.reply();
+}
+
+QStringList StatusNotifierTrayTest::registeredItems()
+{
+    const QDBusMessage reply =
+        callHost(QDBusMessage::createMethodCall(watcherService, QStringLiteral("/StatusNotifierWatcher"),
+                                                QStringLiteral("org.freedesktop.DBus.Properties"),
+                                                QStringLiteral("Get"))
+                 << watcherService << QStringLiteral("RegisteredStatusNotifierItems"));
+    return reply.arguments().value(0).value<QDBusVariant>().variant().toStringList();
+}
+
+QDBusMessage StatusNotifierTrayTest::callItem(const StatusNotifierTrayItem &item, const QString &method,
+                                              const QVariantList &args)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        item.serviceName(), QStringLiteral("/StatusNotifierItem"), itemInterface, method);
+    call.setArguments(args);
+    return callHost(call);
+}
+
+QDBusMessage StatusNotifierTrayTest::callMenu(const StatusNotifierTrayItem &item, const QString &method,
+                                              const QVariantList &args)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(item.serviceName(), QStringLiteral("/MenuBar"),
+                                                       QStringLiteral("com.canonical.dbusmenu"), method);
+    call.setArguments(args);
+    return callHost(call);
+}
+
+QVariant StatusNotifierTrayTest::itemProperty(const StatusNotifierTrayItem &item, const QString &name)
+{
+    const QDBusMessage reply =
+        callHost(QDBusMessage::createMethodCall(item.serviceName(), QStringLiteral("/StatusNotifierItem"),
+                                                QStringLiteral("org.freedesktop.DBus.Properties"),
+                                                QStringLiteral("Get"))
+                 << itemInterface << name);
+    return reply.arguments().value(0).value<QDBusVariant>().variant();
+}
+
+void StatusNotifierTrayTest::registersAgainWhenWatcherRestarts()
+{
+    stopWatcher();
+    auto item = std::make_unique<StatusNotifierTrayItem>();
+
+    // A watcher that appears after the item, and one that comes back after a crash, both learn of it.
+    for (int start = 0; start < 2; ++start) {
+        startWatcher();
+        QTRY_COMPARE(registeredItems(), QStringList{item->serviceName()});
+        stopWatcher();
+    }
+
+    startWatcher();
+    QTRY_COMPARE(registeredItems(), QStringList{item->serviceName()});
+    const auto properties = qdbus_cast<QVariantMap>(
+        callHost(QDBusMessage::createMethodCall(item->serviceName(), QStringLiteral("/StatusNotifierItem"),
+                                                QStringLiteral("org.freedesktop.DBus.Properties"),
+                                                QStringLiteral("GetAll"))
+                 << itemInterface)
+            .arguments()
+            .value(0)
+            .value<QDBusArgument>());
+    QCOMPARE(properties.value("Id").toString(), QStringLiteral("pitchlark"));
+    QCOMPARE(properties.value("Title").toString(), QStringLiteral("Pitchlark"));
+    QCOMPARE(properties.value("Category").toString(), QStringLiteral("ApplicationStatus"));
+    QCOMPARE(properties.value("Status").toString(), QStringLiteral("Active"));
+    QCOMPARE(properties.value("IconName").toString(), QStringLiteral("pitchlark-symbolic"));
+    QCOMPARE(properties.value("Menu").value<QDBusObjectPath>().path(), QStringLiteral("/MenuBar"));
+
+    // Quitting drops the name, and with it the watcher's entry.
+    item.reset();
+    QTRY_COMPARE(registeredItems(), QStringList());
+}
+
+void StatusNotifierTrayTest::labelFollowsTitle_data()
+{
+    QTest::addColumn<QStringList>("titles");
+    QTest::addColumn<QStringList>("labelSignals");
+    QTest::addColumn<QString>("toolTipTitle");
+
+    const QString score = QStringLiteral("🇵🇦 0–2 🏴󠁧󠁢󠁥󠁮󠁧󠁿");
+    const QString later = QStringLiteral("🇵🇦 1–2 🏴󠁧󠁢󠁥󠁮󠁧󠁿");
+    // clang-format off
+    QTest::newRow("score") << QStringList{score} << QStringList{score} << score;
+    QTest::newRow("goal") << QStringList{score, later} << QStringList{score, later} << later;
+    QTest::newRow("full time clears it") << QStringList{score, ""} << QStringList{score, ""} << "Pitchlark";
+    QTest::newRow("same score again is quiet") << QStringList{score, score} << QStringList{score} << score;
+    QTest::newRow("no live match from the start") << QStringList{""} << QStringList{} << "Pitchlark";
+    // clang-format on
+}
+
+void StatusNotifierTrayTest::labelFollowsTitle()
+{
+    QFETCH(QStringList, titles);
+    StatusNotifierTrayItem item;
+    m_labels.clear();
+    m_toolTipSignals = 0;
+    for (const char *signal : {"XAyatanaNewLabel", "NewToolTip"}) {
+        const char *slot = qstrcmp(signal, "NewToolTip") == 0 ? SLOT(recordNewToolTip())
+                                                              : SLOT(recordNewLabel(QString, QString));
+        QVERIFY(m_host.connect(item.serviceName(), QStringLiteral("/StatusNotifierItem"), itemInterface,
+                               QLatin1String(signal), this, slot));
+    }
+
+    for (const QString &title : std::as_const(titles))
+        item.setTitle(title);
+    item.setLiveMatches(
+        {QStringLiteral("Panama 0–2 England · 67′"), QStringLiteral("Croatia 1–1 Ghana · 64′")});
+
+    QCOMPARE(itemProperty(item, "XAyatanaLabel").toString(), titles.constLast());
+    QCOMPARE(itemProperty(item, "XAyatanaLabelGuide").toString(), QStringLiteral("WWW 10–10 WWW"));
+    const QDBusArgument toolTipArgument = itemProperty(item, "ToolTip").value<QDBusArgument>();
+    QCOMPARE(toolTipArgument.currentSignature(), QStringLiteral("(sa(iiay)ss)"));
+    const auto toolTip = qdbus_cast<StatusNotifierToolTip>(toolTipArgument);
+    QTEST(toolTip.title, "toolTipTitle");
+    QCOMPARE(toolTip.description, QStringLiteral("Panama 0–2 England · 67′\nCroatia 1–1 Ghana · 64′"));
+    QTEST(m_labels, "labelSignals");
+    // One tooltip signal per change of title, and one for the live matches.
+    QFETCH(QStringList, labelSignals);
+    QCOMPARE(m_toolTipSignals, labelSignals.size() + 1);
+}
+
+void StatusNotifierTrayTest::iconPixmapIsNetworkOrderArgb()
+{
+    StatusNotifierTrayItem item;
+    const QDBusArgument argument = itemProperty(item, "IconPixmap").value<QDBusArgument>();
+    QCOMPARE(argument.currentSignature(), QStringLiteral("a(iiay)"));
+    const auto pixmaps = qdbus_cast<StatusNotifierIconPixmaps>(argument);
+    QList<int> sizes;
+    for (const StatusNotifierIconPixmap &pixmap : pixmaps) {
+        sizes.append(pixmap.width);
+        QCOMPARE(pixmap.height, pixmap.width);
+        QCOMPARE(pixmap.argb.size(), pixmap.width * pixmap.height * 4);
+        // The glyph's centre is solid: alpha first, then the symbolic grey #bebebe.
+        const qsizetype centre = (qsizetype(pixmap.height / 2) * pixmap.width + pixmap.width / 2) * 4;
+        QCOMPARE(qFromBigEndian<quint32>(pixmap.argb.constData() + centre), 0xffbebebeu);
+        // The corner is clear.
+        QCOMPARE(pixmap.argb.at(0), '\0');
+    }
+    QCOMPARE(sizes, QList<int>({16, 22, 24, 32, 48}));
+}
+
+void StatusNotifierTrayTest::itemMethods_data()
+{
+    QTest::addColumn<QString>("method");
+    QTest::addColumn<QVariantList>("args");
+    QTest::addColumn<QStringList>("fired");
+    QTest::addColumn<bool>("answered");
+
+    // clang-format off
+    QTest::newRow("click") << "Activate" << QVariantList{1840, 14} << QStringList{"activated(1840,14)"} << true;
+    QTest::newRow("click on a screen left of the primary") << "Activate" << QVariantList{-600, 1060} << QStringList{"activated(-600,1060)"} << true;
+    QTest::newRow("middle click refreshes") << "SecondaryActivate" << QVariantList{1840, 14} << QStringList{"refreshRequested"} << true;
+    QTest::newRow("context menu is the host's") << "ContextMenu" << QVariantList{1840, 14} << QStringList{} << true;
+    QTest::newRow("arguments of the wrong type") << "Activate" << QVariantList{"x", "y"} << QStringList{} << false;
+    QTest::newRow("missing arguments") << "Activate" << QVariantList{} << QStringList{} << false;
+    QTest::newRow("unknown method") << "Scroll" << QVariantList{120, "vertical"} << QStringList{} << false;
+    // clang-format on
+}
+
+void StatusNotifierTrayTest::itemMethods()
+{
+    QFETCH(QString, method);
+    QFETCH(QVariantList, args);
+    StatusNotifierTrayItem item;
+    const TraySignals spies(item);
+    const QDBusMessage reply = callItem(item, method, args);
+    QTEST(reply.type() == QDBusMessage::ReplyMessage, "answered");
+    QTEST(spies.fired(), "fired");
+}
+
+void StatusNotifierTrayTest::menuLayout_data()
+{
+    QTest::addColumn<int>("parentId");
+    QTest::addColumn<int>("depth");
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QStringList>("layout");
+
+    const QStringList wholeMenu{
+        "0 children-display=submenu", "1 enabled=true label=Open Pitchlark visible=true",
+        "2 type=separator",           "3 enabled=true label=Refresh Now shortcut=Control+r visible=true",
+        "4 type=separator",           "5 enabled=true label=Quit Pitchlark shortcut=Control+q visible=true",
+    };
+    // clang-format off
+    QTest::newRow("whole menu") << 0 << -1 << QStringList{} << wholeMenu;
+    QTest::newRow("one level") << 0 << 1 << QStringList{} << wholeMenu;
+    QTest::newRow("root alone") << 0 << 0 << QStringList{} << QStringList{"0 children-display=submenu"};
+    QTest::newRow("labels only") << 0 << -1 << QStringList{"label"} << QStringList{"0", "1 label=Open Pitchlark", "2", "3 label=Refresh Now", "4", "5 label=Quit Pitchlark"};
+    QTest::newRow("one item") << 3 << -1 << QStringList{"label", "shortcut"} << QStringList{"3 label=Refresh Now shortcut=Control+r"};
+    QTest::newRow("unknown item") << 42 << -1 << QStringList{} << QStringList{};
+    QTest::newRow("negative id") << -7 << 2 << QStringList{} << QStringList{};
+    // clang-format on
+}
+
+void StatusNotifierTrayTest::menuLayout()
+{
+    QFETCH(int, parentId);
+    QFETCH(int, depth);
+    QFETCH(QStringList, names);
+    StatusNotifierTrayItem item;
+    const QDBusMessage reply = callMenu(item, "GetLayout", {parentId, depth, names});
+
+    QStringList layout;
+    if (reply.type() == QDBusMessage::ReplyMessage) {
+        QCOMPARE(reply.signature(), QStringLiteral("u(ia{sv}av)"));
+        const auto root = qdbus_cast<DBusMenuLayout>(reply.arguments().at(1));
+        QList<DBusMenuLayout> items{root};
+        items.append(root.children);
+        for (const DBusMenuLayout &menuItem : std::as_const(items)) {
+            QStringList line{QString::number(menuItem.id)};
+            for (auto [name, value] : menuItem.properties.asKeyValueRange()) {
+                const QString text = value.canConvert<QDBusArgument>()
+                                         ? qdbus_cast<DBusMenuShortcut>(value).value(0).join('+')
+                                         : value.toString();
+                line.append(name + '=' + text);
+            }
+            layout.append(line.join(' '));
+        }
+    } else {
+        QCOMPARE(reply.errorName(), QStringLiteral("org.freedesktop.DBus.Error.InvalidArgs"));
+    }
+    QTEST(layout, "layout");
+}
+
+void StatusNotifierTrayTest::menuEvents_data()
+{
+    QTest::addColumn<QString>("method");
+    QTest::addColumn<int>("id");
+    QTest::addColumn<QString>("eventId");
+    QTest::addColumn<QStringList>("fired");
+    QTest::addColumn<QString>("error");
+
+    const QString invalid = QStringLiteral("org.freedesktop.DBus.Error.InvalidArgs");
+    // clang-format off
+    QTest::newRow("Open Pitchlark") << "Event" << 1 << "clicked" << QStringList{"activated(0,0)"} << "";
+    QTest::newRow("Refresh Now") << "Event" << 3 << "clicked" << QStringList{"refreshRequested"} << "";
+    QTest::newRow("Quit Pitchlark") << "Event" << 5 << "clicked" << QStringList{"quitRequested"} << "";
+    QTest::newRow("hovering does nothing") << "Event" << 3 << "hovered" << QStringList{} << "";
+    QTest::newRow("separator") << "Event" << 2 << "clicked" << QStringList{} << "";
+    QTest::newRow("root opened") << "Event" << 0 << "opened" << QStringList{} << "";
+    QTest::newRow("unknown item") << "Event" << 99 << "clicked" << QStringList{} << invalid;
+    QTest::newRow("grouped click") << "EventGroup" << 3 << "clicked" << QStringList{"refreshRequested"} << "";
+    QTest::newRow("grouped unknown item") << "EventGroup" << -1 << "clicked" << QStringList{} << "idErrors -1";
+    // clang-format on
+}
+
+void StatusNotifierTrayTest::menuEvents()
+{
+    QFETCH(QString, method);
+    QFETCH(int, id);
+    QFETCH(QString, eventId);
+    StatusNotifierTrayItem item;
+    const TraySignals spies(item);
+    const QVariant data = QVariant::fromValue(QDBusVariant(QString()));
+    const QVariantList args = method == QLatin1String("Event")
+                                  ? QVariantList{id, eventId, data, 0u}
+                                  : QVariantList{QVariant::fromValue(
+                                        QList<DBusMenuEvent>{{id, eventId, QDBusVariant(QString()), 0u}})};
+    const QDBusMessage reply = callMenu(item, method, args);
+
+    QString error = reply.errorName();
+    if (method == QLatin1String("EventGroup")) {
+        const auto idErrors = qdbus_cast<QList<int>>(reply.arguments().value(0));
+        if (!idErrors.isEmpty())
+            error = QStringLiteral("idErrors %1").arg(idErrors.value(0));
+    }
+    QTEST(error, "error");
+    QTEST(spies.fired(), "fired");
+}
+
+void StatusNotifierTrayTest::factoryPicksStatusNotifierItem()
+{
+    const auto withWatcher = createTrayItem();
+    QVERIFY(qobject_cast<StatusNotifierTrayItem *>(withWatcher.get()));
+    // Without a watcher the offscreen platform offers no tray either.
+    stopWatcher();
+    QCOMPARE(createTrayItem().get(), nullptr);
+    startWatcher();
+}
+
+void StatusNotifierTrayTest::secondInstance_data()
+{
+    QTest::addColumn<bool>("firstRunning");
+    QTest::addColumn<QString>("secondDoes");
+    QTest::addColumn<int>("secondExitCode");
+    QTest::addColumn<int>("toggles");
+
+    // clang-format off
+    QTest::newRow("second start toggles the first") << true << "toggle" << 0 << 1;
+    QTest::newRow("nobody to toggle") << false << "toggle" << 1 << 0;
+    QTest::newRow("the name stays with the first") << true << "claim" << 1 << 0;
+    QTest::newRow("first start claims the name") << false << "claim" << 0 << 0;
+    // clang-format on
+}
+
+void StatusNotifierTrayTest::secondInstance()
+{
+    QFETCH(bool, firstRunning);
+    QFETCH(QString, secondDoes);
+    SingleInstance first;
+    if (firstRunning)
+        QVERIFY(first.claim());
+    QSignalSpy toggles(&first, &SingleInstance::toggleRequested);
+
+    // The first instance must keep serving the bus while the second one waits for its answer.
+    QProcess second;
+    second.start(QStringLiteral(SECOND_INSTANCE_BINARY), {secondDoes});
+    QTRY_COMPARE(second.state(), QProcess::NotRunning);
+    QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+    QTEST(second.exitCode(), "secondExitCode");
+    QTEST(int(toggles.size()), "toggles");
+}
+
+QTEST_MAIN(StatusNotifierTrayTest)
+#include "StatusNotifierTrayTest.moc"

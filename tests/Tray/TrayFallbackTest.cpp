@@ -1,0 +1,117 @@
+#include "SingleInstance.h"
+#include "StatusIcon.h"
+#include "SystemTrayFallbackItem.h"
+#include "TrayFactory.h"
+
+#include <QDBusConnection>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTest>
+
+// The desktop without StatusNotifierItem support, and without a session bus at all (CTest points the
+// bus address nowhere). The offscreen platform has no system tray, so whether an icon shows and how the
+// tray reports clicks cannot be exercised here; what the fallback puts into its QSystemTrayIcon can.
+class TrayFallbackTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void runsWithoutBusOrTray();
+    void scoreReplacesIcon_data();
+    void scoreReplacesIcon();
+    void menuRunsActions_data();
+    void menuRunsActions();
+};
+
+namespace {
+
+QSystemTrayIcon *trayIcon(SystemTrayFallbackItem &item)
+{
+    return item.findChild<QSystemTrayIcon *>();
+}
+
+QImage iconImage(QSystemTrayIcon *icon)
+{
+    return icon->icon().pixmap(QSize(48, 48)).toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+} // namespace
+
+void TrayFallbackTest::runsWithoutBusOrTray()
+{
+    QVERIFY(!QDBusConnection::sessionBus().isConnected());
+    QCOMPARE(createTrayItem().get(), nullptr);
+    QVERIFY(!SingleInstance::toggleRunningInstance());
+    SingleInstance instance;
+    QVERIFY(!instance.claim());
+}
+
+void TrayFallbackTest::scoreReplacesIcon_data()
+{
+    QTest::addColumn<QStringList>("titles");
+    QTest::addColumn<QStringList>("liveMatches");
+    QTest::addColumn<QString>("toolTip");
+    QTest::addColumn<bool>("plainIcon");
+
+    // clang-format off
+    QTest::newRow("score") << QStringList{"🇭🇷 1–1 🇬🇭"} << QStringList{"Croatia 1–1 Ghana · 64′", "Panama 0–2 England · 67′"} << "🇭🇷 1–1 🇬🇭\nCroatia 1–1 Ghana · 64′\nPanama 0–2 England · 67′" << false;
+    QTest::newRow("sides without flags") << QStringList{"CRO 1–1 GHA"} << QStringList{} << "CRO 1–1 GHA" << false;
+    QTest::newRow("full time") << QStringList{"🇭🇷 1–1 🇬🇭", ""} << QStringList{} << "Pitchlark" << true;
+    QTest::newRow("no live match") << QStringList{} << QStringList{} << "Pitchlark" << true;
+    // clang-format on
+}
+
+void TrayFallbackTest::scoreReplacesIcon()
+{
+    QFETCH(QStringList, titles);
+    QFETCH(QStringList, liveMatches);
+    QFETCH(bool, plainIcon);
+    SystemTrayFallbackItem item;
+    QSystemTrayIcon *icon = trayIcon(item);
+    QVERIFY(icon);
+    for (const QString &title : std::as_const(titles))
+        item.setTitle(title);
+    item.setLiveMatches(liveMatches);
+
+    QTEST(icon->toolTip(), "toolTip");
+    const QImage symbol = renderStatusIcon(48);
+    QCOMPARE(iconImage(icon) == symbol, plainIcon);
+}
+
+void TrayFallbackTest::menuRunsActions_data()
+{
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<QString>("shortcut");
+    QTest::addColumn<QString>("signal");
+
+    // clang-format off
+    QTest::newRow("open") << "Open Pitchlark" << "" << "activated";
+    QTest::newRow("refresh") << "Refresh Now" << "Ctrl+R" << "refreshRequested";
+    QTest::newRow("quit") << "Quit Pitchlark" << "Ctrl+Q" << "quitRequested";
+    // clang-format on
+}
+
+void TrayFallbackTest::menuRunsActions()
+{
+    QFETCH(QString, label);
+    QFETCH(QString, signal);
+    SystemTrayFallbackItem item;
+    QMenu *menu = trayIcon(item)->contextMenu();
+    QVERIFY(menu);
+    QStringList labels;
+    for (QAction *action : menu->actions())
+        labels.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+    QCOMPARE(labels, QStringList({"Open Pitchlark", "-", "Refresh Now", "-", "Quit Pitchlark"}));
+
+    QSignalSpy activated(&item, &TrayItem::activated);
+    QSignalSpy refresh(&item, &TrayItem::refreshRequested);
+    QSignalSpy quit(&item, &TrayItem::quitRequested);
+    QAction *action = menu->actions().at(labels.indexOf(label));
+    QTEST(action->shortcut().toString(), "shortcut");
+    action->trigger();
+    QCOMPARE(activated.size(), int(signal == QLatin1String("activated")));
+    QCOMPARE(refresh.size(), int(signal == QLatin1String("refreshRequested")));
+    QCOMPARE(quit.size(), int(signal == QLatin1String("quitRequested")));
+}
+
+QTEST_MAIN(TrayFallbackTest)
+#include "TrayFallbackTest.moc"
