@@ -1,17 +1,26 @@
+#include "AppDelegate.h"
+#include "DemoProfile.h"
 #include "PitchlarkVersion.h"
 #include "StatusCommand.h"
 
+#include "ThemeSingleton.h"
+#include "Tray/TrayItem.h"
+
+#include <QApplication>
 #include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QTextStream>
 #include <QTimer>
+#include <QtQml/QQmlExtensionPlugin>
 
-#include <cstdio>
+Q_IMPORT_QML_PLUGIN(Pitchlark_DesignSystemPlugin)
+Q_IMPORT_QML_PLUGIN(Pitchlark_FeaturesPlugin)
 
 namespace {
 
-int runStatus(QCoreApplication &app, const QStringList &arguments)
+int runStatus(const QStringList &arguments, int argc, char *argv[])
 {
+    // Headless: no connection to a display, so it runs in a status bar's shell or over ssh.
+    QCoreApplication app(argc, argv);
     QTextStream errors(stderr);
     auto command = StatusCommand::fromArguments(arguments, errors);
     if (!command)
@@ -20,27 +29,61 @@ int runStatus(QCoreApplication &app, const QStringList &arguments)
     return app.exec();
 }
 
+// Wayland gives clients no say over where their windows go; XWayland keeps the right-edge column.
+void preferX11OnWayland()
+{
+    if (qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1StringView("wayland") &&
+        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
+}
+
+int runTrayApp(int argc, char *argv[])
+{
+    preferX11OnWayland();
+    QApplication app(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Your World Cup 2026 companion, in the system tray.\n\n"
+                                                    "Commands:\n"
+                                                    "  status   Print the live score, today's fixtures and the "
+                                                    "tables (see pitchlark status --help)."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption demo(QStringLiteral("demo"),
+                                  QStringLiteral("Replay the tournament inside the program, on a temporary "
+                                                 "profile."));
+    parser.addOption(demo);
+    parser.process(app);
+
+    DemoProfile demoProfile;
+    AppModel::Services services;
+    services.applyTint = [](double hue, double strength) { ThemeSingleton::instance()->apply(hue, strength); };
+    if (parser.isSet(demo)) {
+        if (!demoProfile.activate()) {
+            QTextStream(stderr) << "The demo could not start its replay service.\n";
+            return 1;
+        }
+        services.now = [&demoProfile] { return demoProfile.now(); };
+    }
+    AppDelegate delegate(std::move(services));
+    delegate.launch(nullptr);
+    return app.exec();
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("pitchlark"));
     QCoreApplication::setApplicationVersion(QStringLiteral(PITCHLARK_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("pitchlark"));
 
-    const QStringList arguments = app.arguments().mid(1);
-    if (!arguments.isEmpty() && arguments.constFirst() == QLatin1StringView("status"))
-        return runStatus(app, arguments.mid(1));
-
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Your World Cup 2026 companion.\n\n"
-                       "Commands:\n"
-                       "  status   Print the live score, today's fixtures and the "
-                       "tables (see pitchlark status --help)."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.process(app);
-    std::printf("Pitchlark %s\n", PITCHLARK_VERSION);
-    return 0;
+    if (argc > 1 && QLatin1StringView(argv[1]) == QLatin1StringView("status")) {
+        QStringList arguments;
+        for (int index = 2; index < argc; ++index)
+            arguments << QString::fromLocal8Bit(argv[index]);
+        return runStatus(arguments, argc, argv);
+    }
+    return runTrayApp(argc, argv);
 }

@@ -8,6 +8,7 @@ struct PanelRoute {
     Q_GADGET
     Q_PROPERTY(Kind kind MEMBER kind)
     Q_PROPERTY(QString id MEMBER id)
+    Q_PROPERTY(QString kindName READ kindName)
 
 public:
     enum class Kind { match, team, stadium, settings };
@@ -20,6 +21,22 @@ public:
     static PanelRoute team(const QString &teamID) { return {Kind::team, teamID}; }
     static PanelRoute stadium(const QString &stadiumID) { return {Kind::stadium, stadiumID}; }
     static PanelRoute settings() { return {Kind::settings, {}}; }
+
+    // "match", "team", "stadium" or "settings", as route texts and QML spell them.
+    QString kindName() const
+    {
+        switch (kind) {
+        case Kind::match:
+            return QStringLiteral("match");
+        case Kind::team:
+            return QStringLiteral("team");
+        case Kind::stadium:
+            return QStringLiteral("stadium");
+        case Kind::settings:
+            break;
+        }
+        return QStringLiteral("settings");
+    }
 
     friend bool operator==(const PanelRoute &a, const PanelRoute &b)
     {

@@ -74,6 +74,8 @@ class AppModel : public QObject {
     Q_PROPERTY(QList<APITeam> allTeamsSorted READ allTeamsSorted NOTIFY teamsByIDChanged)
     Q_PROPERTY(QList<APIStadium> allStadiumsSorted READ allStadiumsSorted NOTIFY stadiumsByIDChanged)
     Q_PROPERTY(QList<Match> allMatches READ allMatches NOTIFY allMatchesChanged)
+    // The live matches in tray order; rebuilt with the title, so it shares the title's signal.
+    Q_PROPERTY(QList<Match> liveMatches READ liveMatchesCache NOTIFY trayTitleChanged)
     Q_PROPERTY(QStringList allGroups READ allGroups CONSTANT)
 
 public:

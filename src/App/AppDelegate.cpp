@@ -1,0 +1,105 @@
+#include "AppDelegate.h"
+
+#include "DebugHooks.h"
+#include "GlassImages.h"
+#include "PanelController.h"
+#include "State/SettingsKeys.h"
+#include "Tray/TrayItem.h"
+
+#include <QGuiApplication>
+#include <QPointer>
+#include <QQuickWindow>
+#include <QTimer>
+
+AppDelegate::AppDelegate(AppModel::Services services, QObject *parent)
+    : QObject(parent), m_model(std::move(services))
+{
+    // Qt 6.4 compiles QML modules into the resources under their URI's path.
+    m_engine.addImportPath(QStringLiteral("qrc:/"));
+    m_engine.addImageProvider(QStringLiteral("glass"), new GlassImageProvider);
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::launch(std::unique_ptr<TrayItem> tray)
+{
+    m_tray = std::move(tray);
+    m_panel = std::make_unique<PanelController>(m_model, m_engine);
+    if (m_tray) {
+        connect(m_tray.get(), &TrayItem::activated, this, [this](const QPoint &position) { togglePanel(position); });
+        connect(m_tray.get(), &TrayItem::refreshRequested, &m_model, &AppModel::refresh);
+        connect(m_tray.get(), &TrayItem::quitRequested, qApp, &QCoreApplication::quit);
+    }
+    connect(&m_model, &AppModel::trayTitleChanged, this, &AppDelegate::updateStatusTitle);
+    updateStatusTitle();
+    m_model.startPolling();
+    m_model.refresh();
+    if (DebugHooks::isPresentationRequested(m_environment))
+        m_panel->show();
+    applyDebugHooks();
+}
+
+void AppDelegate::togglePanel(const QPoint &position) { m_panel->toggle(position); }
+
+void AppDelegate::updateStatusTitle()
+{
+    if (!m_tray)
+        return;
+    // An absent or empty title leaves the icon alone.
+    m_tray->setTitle(m_model.trayTitle().value_or(QString()));
+    QStringList lines;
+    for (const Match &match : m_model.liveMatchesCache())
+        lines << match.trayMenuBarTitle() + QStringLiteral("  ") + match.compactStatusLabel();
+    m_tray->setLiveMatches(lines);
+}
+
+void AppDelegate::openDetail(const QString &routeText)
+{
+    if (const auto route = DebugHooks::routeFromText(routeText))
+        m_model.open(*route);
+}
+
+void AppDelegate::setFloatingCards(const QString &value)
+{
+    // The model's own write stores the setting and tells the panel to restyle.
+    m_model.setFloatingCards(DebugHooks::floatingFromText(value));
+}
+
+void AppDelegate::applyDebugHooks()
+{
+    if (const auto section = sectionFromRawValue(m_environment.value(QStringLiteral("TIDEWELL_SECTION"))))
+        m_model.setSection(*section);
+    if (m_environment.contains(QStringLiteral("TIDEWELL_FLOATING")))
+        setFloatingCards(m_environment.value(QStringLiteral("TIDEWELL_FLOATING")));
+    if (m_environment.contains(QStringLiteral("TIDEWELL_DETAIL")) ||
+        m_environment.contains(QStringLiteral("TIDEWELL_SNAPSHOT")))
+        afterLoad(0);
+}
+
+void AppDelegate::afterLoad(int attempt)
+{
+    // Wait for the first data, but not for ever: an unreachable service still gets its snapshot.
+    if (!m_model.lastUpdated().isValid() && attempt < hookAttempts) {
+        QTimer::singleShot(hookRetryInterval, this, [this, attempt] { afterLoad(attempt + 1); });
+        return;
+    }
+    if (m_environment.contains(QStringLiteral("TIDEWELL_DETAIL")))
+        openDetail(m_environment.value(QStringLiteral("TIDEWELL_DETAIL")));
+    if (m_environment.contains(QStringLiteral("TIDEWELL_FLOATING_AFTER")))
+        setFloatingCards(m_environment.value(QStringLiteral("TIDEWELL_FLOATING_AFTER")));
+    if (m_environment.contains(QStringLiteral("TIDEWELL_BANNER")))
+        m_model.presentBanner({QStringLiteral("demo"), QStringLiteral("Goal!"),
+                               QStringLiteral("Australia 2 \u2013 0 Turkey"), BannerState::Kind::goal});
+    if (m_environment.contains(QStringLiteral("TIDEWELL_SNAPSHOT"))) {
+        QTimer::singleShot(snapshotDelay, this,
+                           [this] { writeSnapshot(m_environment.value(QStringLiteral("TIDEWELL_SNAPSHOT"))); });
+    }
+}
+
+void AppDelegate::writeSnapshot(const QString &path)
+{
+    const QImage image = m_panel->window()->grabWindow();
+    if (!image.isNull() && image.save(path, "PNG"))
+        qInfo().noquote() << QStringLiteral("Tidewell snapshot \u2192 ") + path;
+    QCoreApplication::quit();
+}

@@ -1,0 +1,59 @@
+#include "BlurBehind.h"
+
+#include <QGuiApplication>
+#include <QWindow>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+xcb_atom_t internAtom(xcb_connection_t *connection, const char *name)
+{
+    const xcb_intern_atom_cookie_t cookie = xcb_intern_atom(connection, false, uint16_t(std::strlen(name)), name);
+    xcb_intern_atom_reply_t *reply = xcb_intern_atom_reply(connection, cookie, nullptr);
+    const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+    std::free(reply);
+    return atom;
+}
+
+// Whether the window manager announces the blur protocol in _NET_SUPPORTED on the root window.
+bool windowManagerSupports(xcb_connection_t *connection, xcb_window_t root, xcb_atom_t wanted)
+{
+    const xcb_atom_t supported = internAtom(connection, "_NET_SUPPORTED");
+    if (supported == XCB_ATOM_NONE || wanted == XCB_ATOM_NONE)
+        return false;
+    const xcb_get_property_cookie_t cookie =
+        xcb_get_property(connection, false, root, supported, XCB_ATOM_ATOM, 0, 4096);
+    xcb_get_property_reply_t *reply = xcb_get_property_reply(connection, cookie, nullptr);
+    if (!reply)
+        return false;
+    const auto *atoms = static_cast<const xcb_atom_t *>(xcb_get_property_value(reply));
+    const int count = xcb_get_property_value_length(reply) / int(sizeof(xcb_atom_t));
+    bool found = false;
+    for (int index = 0; index < count && !found; ++index)
+        found = atoms[index] == wanted;
+    std::free(reply);
+    return found;
+}
+
+} // namespace
+
+bool requestBlurBehind(QWindow *window)
+{
+    auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!x11 || !window)
+        return false;
+    xcb_connection_t *connection = x11->connection();
+    const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
+    const xcb_atom_t blurRegion = internAtom(connection, "_KDE_NET_WM_BLUR_BEHIND_REGION");
+    if (!screen || !windowManagerSupports(connection, screen->root, blurRegion))
+        return false;
+    // An empty region means the whole window.
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, xcb_window_t(window->winId()), blurRegion,
+                        XCB_ATOM_CARDINAL, 32, 0, nullptr);
+    xcb_flush(connection);
+    return true;
+}

@@ -1,0 +1,90 @@
+import QtQuick
+import Qt5Compat.GraphicalEffects
+import Pitchlark.DesignSystem
+import Pitchlark.Features
+
+// The borderless frosted window the screens live on: frost, tint and grain over whatever the compositor
+// blurs behind it, with a white rim and round corners, or, with floating cards, no frame at all and glass
+// that fades out towards the edges.
+Window {
+    id: panel
+
+    required property QtObject model
+    property real blur: 0.78
+    property real tintHue: 0.58
+    property real tint: 0.1
+    property real grain: 0.22
+    property bool borderless: false
+    // Without a blur behind the window the frost must carry legibility on its own.
+    property bool compositorBlurs: false
+    readonly property real frostFloor: compositorBlurs ? 0.3 : 0.72
+    readonly property int cornerRadius: 28
+
+    flags: Qt.FramelessWindowHint | Qt.Tool | Qt.WindowStaysOnTopHint
+    color: "transparent"
+    width: 388
+    height: 760
+    title: "Pitchlark"
+
+    Item {
+        id: glass
+        anchors.fill: parent
+        visible: false
+
+        Rectangle {
+            anchors.fill: parent
+            color: Qt.rgba(0.93, 0.93, 0.93, 1)
+            opacity: Math.max(panel.frostFloor, 0.3 + 0.4 * panel.blur)
+        }
+        Rectangle {
+            anchors.fill: parent
+            color: Qt.hsva(panel.tintHue - Math.floor(panel.tintHue), 0.65, 0.85, 1)
+            opacity: 0.6 * panel.tint
+        }
+        Image {
+            anchors.fill: parent
+            source: "image://glass/grain"
+            fillMode: Image.Tile
+            opacity: 0.5 * panel.grain
+        }
+    }
+
+    Item {
+        id: glassShape
+        anchors.fill: parent
+        visible: false
+
+        Rectangle {
+            anchors.fill: parent
+            visible: !panel.borderless
+            radius: panel.cornerRadius
+        }
+        // The feathered mask, stretched nine-slice so its soft border stays 20 px at any size.
+        BorderImage {
+            anchors.fill: parent
+            visible: panel.borderless
+            source: "image://glass/feather"
+            border { left: 20; top: 20; right: 20; bottom: 20 }
+        }
+    }
+
+    OpacityMask {
+        anchors.fill: parent
+        source: glass
+        maskSource: glassShape
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        visible: !panel.borderless
+        radius: panel.cornerRadius
+        color: "transparent"
+        border.width: 1
+        border.color: Qt.rgba(1, 1, 1, 0.55)
+    }
+
+    RootPanelView {
+        anchors.fill: parent
+        model: panel.model
+    }
+}

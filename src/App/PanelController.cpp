@@ -1,0 +1,144 @@
+#include "PanelController.h"
+
+#include "BlurBehind.h"
+#include "State/AppModel.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPropertyAnimation>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickWindow>
+#include <QScreen>
+
+namespace {
+
+// How long after the panel lost focus a tray click still counts as the click that took it away.
+constexpr std::chrono::milliseconds focusLossClickWindow{400};
+
+bool pinnedOpen() { return qEnvironmentVariable("TIDEWELL_PINNED") == QLatin1StringView("1"); }
+
+} // namespace
+
+PanelController::PanelController(AppModel &model, QQmlEngine &engine, QObject *parent)
+    : QObject(parent), m_model(model)
+{
+    QQmlComponent component(&engine);
+    component.setData("import Pitchlark.App\nFrostPanel {}", QUrl());
+    if (!component.isReady())
+        qFatal("The panel could not be built: %s", qPrintable(component.errorString()));
+    QObject *root = component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model)}});
+    m_window = qobject_cast<QQuickWindow *>(root);
+    if (!m_window)
+        qFatal("The panel could not be built: %s", qPrintable(component.errorString()));
+    m_window->setParent(nullptr);
+    m_window->installEventFilter(this);
+    m_window->setGeometry(panelGeometry(QGuiApplication::primaryScreen()->availableGeometry()));
+    connect(m_window, &QWindow::activeChanged, this, &PanelController::onActiveChanged);
+
+    m_fade = std::make_unique<QPropertyAnimation>(m_window, "opacity");
+    m_model.onGlassChange = [self = QPointer(this)] {
+        if (self)
+            self->applyGlass();
+    };
+    applyGlass();
+}
+
+PanelController::~PanelController()
+{
+    m_model.onGlassChange = nullptr;
+    delete m_window;
+}
+
+QRect PanelController::panelGeometry(const QRect &available)
+{
+    return QRect(available.right() + 1 - panelWidth - screenMargin, available.top() + screenMargin, panelWidth,
+                 available.height() - 2 * screenMargin);
+}
+
+void PanelController::applyGlass()
+{
+    m_window->setProperty("blur", m_model.glassBlur());
+    m_window->setProperty("tintHue", m_model.glassTintHue());
+    m_window->setProperty("tint", m_model.glassTint());
+    m_window->setProperty("grain", m_model.glassGrain());
+    m_window->setProperty("borderless", m_model.floatingCards());
+}
+
+void PanelController::show(const QPoint &position)
+{
+    QScreen *screen = position.isNull() ? nullptr : QGuiApplication::screenAt(position);
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    if (screen) {
+        m_window->setScreen(screen);
+        m_window->setGeometry(panelGeometry(screen->availableGeometry()));
+    }
+    m_grace = QDeadlineTimer(outsideClickGrace);
+    m_shown = true;
+    m_window->setOpacity(0);
+    m_window->show();
+    m_window->raise();
+    m_window->requestActivate();
+    // The compositor learns about the window only once it is mapped.
+    m_blurBehind = requestBlurBehind(m_window);
+    m_window->setProperty("compositorBlurs", m_blurBehind);
+    fadeTo(1, fadeInDuration);
+}
+
+void PanelController::hide()
+{
+    if (!m_shown)
+        return;
+    m_shown = false;
+    fadeTo(0, fadeOutDuration);
+}
+
+void PanelController::toggle(const QPoint &position)
+{
+    if (m_shown) {
+        hide();
+        return;
+    }
+    if (!m_justClosedByFocusLoss.hasExpired()) {
+        m_justClosedByFocusLoss = QDeadlineTimer(0);
+        return;
+    }
+    show(position);
+}
+
+void PanelController::fadeTo(double opacity, std::chrono::milliseconds duration)
+{
+    m_fade->stop();
+    m_fade->disconnect(this);
+    m_fade->setStartValue(m_window->opacity());
+    m_fade->setEndValue(opacity);
+    m_fade->setDuration(int(duration.count()));
+    m_fade->setEasingCurve(opacity > 0 ? QEasingCurve::OutCubic : QEasingCurve::InOutQuad);
+    if (opacity == 0) {
+        connect(m_fade.get(), &QPropertyAnimation::finished, this, [this] {
+            if (!m_shown)
+                m_window->hide();
+        });
+    }
+    m_fade->start();
+}
+
+void PanelController::onActiveChanged()
+{
+    // Qt sees no clicks in other programs; a click elsewhere shows up as the panel losing focus.
+    if (m_window->isActive() || !m_shown || pinnedOpen() || !m_grace.hasExpired())
+        return;
+    m_justClosedByFocusLoss = QDeadlineTimer(focusLossClickWindow);
+    hide();
+}
+
+bool PanelController::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_window && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        hide();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}

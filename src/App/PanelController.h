@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QDeadlineTimer>
+#include <QObject>
+#include <QQuickWindow>
+#include <QPointer>
+#include <QRect>
+
+#include <chrono>
+#include <memory>
+
+class AppModel;
+class QPropertyAnimation;
+class QQmlEngine;
+class QQuickWindow;
+class QScreen;
+
+// Owns the frosted panel: places it as a full-height column at the right edge of a screen, fades it in
+// and out, closes it on a click elsewhere or on Escape, and re-applies the glass when the model's glass
+// settings change.
+class PanelController : public QObject {
+    Q_OBJECT
+
+public:
+    static constexpr int panelWidth = 388;
+    static constexpr int screenMargin = 12;
+    static constexpr std::chrono::milliseconds fadeInDuration{180};
+    static constexpr std::chrono::milliseconds fadeOutDuration{140};
+    // The click that opened the panel cannot close it.
+    static constexpr std::chrono::milliseconds outsideClickGrace{350};
+
+    PanelController(AppModel &model, QQmlEngine &engine, QObject *parent = nullptr);
+    ~PanelController() override;
+
+    // The panel's frame on a screen whose area without panels and docks is available.
+    static QRect panelGeometry(const QRect &available);
+
+    QQuickWindow *window() const { return m_window; }
+    bool isShown() const { return m_shown; }
+
+    // Shows the panel on the screen holding position, or on the primary screen for a null point.
+    void show(const QPoint &position = {});
+    void hide();
+    // A click on the tray item: opens or closes, and a click that has just closed the panel by taking
+    // its focus away does not open it again.
+    void toggle(const QPoint &position = {});
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void applyGlass();
+    void onActiveChanged();
+    void fadeTo(double opacity, std::chrono::milliseconds duration);
+
+    AppModel &m_model;
+    QPointer<QQuickWindow> m_window;
+    std::unique_ptr<QPropertyAnimation> m_fade;
+    bool m_shown = false;
+    bool m_blurBehind = false;
+    QDeadlineTimer m_grace{0};
+    QDeadlineTimer m_justClosedByFocusLoss{0};
+};

@@ -1,0 +1,63 @@
+import QtQuick
+import Pitchlark.DesignSystem
+
+// The top of the section page: the section's title, the status line, the live pill and two buttons.
+Item {
+    id: header
+
+    required property QtObject model
+    property string title
+
+    implicitHeight: Math.max(titles.implicitHeight, buttons.implicitHeight)
+
+    function statusLine() {
+        const updated = header.model.lastUpdated;
+        const hasStamp = updated !== undefined && updated !== null && !isNaN(updated.getTime());
+        if (header.model.isLoading && !hasStamp)
+            return "Loading…";
+        if (hasStamp)
+            return "Updated " + updated.toLocaleTimeString(Qt.locale(), Locale.ShortFormat);
+        return "World Cup 2026";
+    }
+
+    Column {
+        id: titles
+        anchors { left: parent.left; verticalCenter: parent.verticalCenter }
+        Text {
+            text: header.title
+            textFormat: Text.PlainText
+            font.pixelSize: 24
+            font.bold: true
+            color: Theme.primary
+        }
+        Text {
+            text: header.statusLine()
+            textFormat: Text.PlainText
+            font.pixelSize: 11
+            font.weight: Font.Medium
+            color: Theme.tertiary
+        }
+    }
+
+    Row {
+        id: buttons
+        anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+        spacing: 8
+
+        LivePill {
+            anchors.verticalCenter: parent.verticalCenter
+            count: header.model.liveMatches.length
+            visible: count > 0
+        }
+        IconButton {
+            symbol: "↻"
+            toolTip: "Refresh"
+            onClicked: header.model.refresh()
+        }
+        IconButton {
+            symbol: "⚙"
+            toolTip: "Settings"
+            onClicked: header.model.openSettings()
+        }
+    }
+}

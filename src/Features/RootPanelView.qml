@@ -1,0 +1,64 @@
+import QtQuick
+import Pitchlark.DesignSystem
+
+// The whole panel: the section page with its header, the detail pages pushed over it, and the banner.
+Item {
+    id: root
+
+    required property QtObject model
+    // Pages the row is shifted by: one per route on the stack.
+    readonly property int navDepth: model.detailStack.length
+
+    clip: true
+
+    Row {
+        id: pages
+        height: root.height
+        x: -root.navDepth * root.width
+        // Set at once when first shown; animated on every later push and pop.
+        Behavior on x {
+            enabled: pages.animated
+            NumberAnimation { duration: 400; easing.type: Easing.OutCubic }
+        }
+        property bool animated: false
+        Component.onCompleted: animated = true
+
+        SectionPage {
+            width: root.width
+            height: root.height
+            model: root.model
+        }
+        Repeater {
+            model: root.model.renderedRoutes
+            delegate: DetailRouter {
+                required property var modelData
+                width: root.width
+                height: root.height
+                model: root.model
+                route: modelData
+            }
+        }
+    }
+
+    Item {
+        id: bannerSlot
+        anchors { left: parent.left; right: parent.right; top: parent.top; margins: 10 }
+        height: banner.implicitHeight
+        readonly property var current: root.model.activeBanner
+        // The last banner shown stays drawn while it slides away.
+        property var shown
+        onCurrentChanged: if (current) shown = current
+
+        BannerView {
+            id: banner
+            width: parent.width
+            banner: bannerSlot.shown
+            y: bannerSlot.current ? 0 : -height - 10
+            opacity: bannerSlot.current ? 1 : 0
+            visible: opacity > 0
+            Behavior on y { NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
+            Behavior on opacity { NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
+            onDismiss: root.model.dismissBanner()
+        }
+    }
+}
