@@ -14,6 +14,7 @@
 
 Q_IMPORT_QML_PLUGIN(Pitchlark_DesignSystemPlugin)
 Q_IMPORT_QML_PLUGIN(Pitchlark_FeaturesPlugin)
+Q_IMPORT_QML_PLUGIN(Pitchlark_AppPlugin)
 
 namespace {
 
