@@ -11,6 +11,8 @@
 #include <QQuickWindow>
 #include <QScreen>
 
+#include <malloc.h>
+
 namespace {
 
 // How long after the panel lost focus a tray click still counts as the click that took it away.
@@ -21,33 +23,52 @@ bool pinnedOpen() { return qEnvironmentVariable("TIDEWELL_PINNED") == QLatin1Str
 } // namespace
 
 PanelController::PanelController(AppModel &model, QQmlEngine &engine, QObject *parent)
-    : QObject(parent), m_model(model)
+    : QObject(parent), m_model(model), m_engine(engine)
 {
-    QQmlComponent component(&engine);
+    m_releaseTimer.setSingleShot(true);
+    m_releaseTimer.setInterval(releaseAfter);
+    connect(&m_releaseTimer, &QTimer::timeout, this, &PanelController::release);
+    m_model.onGlassChange = [self = QPointer(this)] {
+        if (self && self->m_window)
+            self->applyGlass();
+    };
+}
+
+PanelController::~PanelController() { m_model.onGlassChange = nullptr; }
+
+QQuickWindow *PanelController::window()
+{
+    if (!m_window)
+        build();
+    return m_window.get();
+}
+
+void PanelController::build()
+{
+    QQmlComponent component(&m_engine);
     component.setData("import Pitchlark.App\nFrostPanel {}", QUrl());
     if (!component.isReady())
         qFatal("The panel could not be built: %s", qPrintable(component.errorString()));
-    QObject *root = component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model)}});
-    m_window = qobject_cast<QQuickWindow *>(root);
+    QObject *root = component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)}});
+    m_window.reset(qobject_cast<QQuickWindow *>(root));
     if (!m_window)
         qFatal("The panel could not be built: %s", qPrintable(component.errorString()));
-    m_window->setParent(nullptr);
     m_window->installEventFilter(this);
-    m_window->setGeometry(panelGeometry(QGuiApplication::primaryScreen()->availableGeometry()));
-    connect(m_window, &QWindow::activeChanged, this, &PanelController::onActiveChanged);
-
-    m_fade = std::make_unique<QPropertyAnimation>(m_window, "opacity");
-    m_model.onGlassChange = [self = QPointer(this)] {
-        if (self)
-            self->applyGlass();
-    };
+    connect(m_window.get(), &QWindow::activeChanged, this, &PanelController::onActiveChanged);
+    m_fade = std::make_unique<QPropertyAnimation>(m_window.get(), "opacity");
     applyGlass();
 }
 
-PanelController::~PanelController()
+void PanelController::release()
 {
-    m_model.onGlassChange = nullptr;
-    delete m_window;
+    if (m_shown)
+        return;
+    m_fade.reset();
+    m_window.reset();
+    m_engine.collectGarbage();
+    m_engine.trimComponentCache();
+    // Hand the freed heap back to the system, or the resident size would not show the release.
+    malloc_trim(0);
 }
 
 QRect PanelController::panelGeometry(const QRect &available)
@@ -67,6 +88,8 @@ void PanelController::applyGlass()
 
 void PanelController::show(const QPoint &position)
 {
+    m_releaseTimer.stop();
+    window();
     QScreen *screen = position.isNull() ? nullptr : QGuiApplication::screenAt(position);
     if (!screen)
         screen = QGuiApplication::primaryScreen();
@@ -81,7 +104,7 @@ void PanelController::show(const QPoint &position)
     m_window->raise();
     m_window->requestActivate();
     // The compositor learns about the window only once it is mapped.
-    m_blurBehind = requestBlurBehind(m_window);
+    m_blurBehind = requestBlurBehind(m_window.get());
     m_window->setProperty("compositorBlurs", m_blurBehind);
     fadeTo(1, fadeInDuration);
 }
@@ -117,8 +140,10 @@ void PanelController::fadeTo(double opacity, std::chrono::milliseconds duration)
     m_fade->setEasingCurve(opacity > 0 ? QEasingCurve::OutCubic : QEasingCurve::InOutQuad);
     if (opacity == 0) {
         connect(m_fade.get(), &QPropertyAnimation::finished, this, [this] {
-            if (!m_shown)
-                m_window->hide();
+            if (m_shown)
+                return;
+            m_window->hide();
+            m_releaseTimer.start();
         });
     }
     m_fade->start();
@@ -135,7 +160,7 @@ void PanelController::onActiveChanged()
 
 bool PanelController::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_window && event->type() == QEvent::KeyPress &&
+    if (watched == m_window.get() && event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
         hide();
         return true;

@@ -5,6 +5,7 @@
 #include <QQuickWindow>
 #include <QPointer>
 #include <QRect>
+#include <QTimer>
 
 #include <chrono>
 #include <memory>
@@ -28,6 +29,8 @@ public:
     static constexpr std::chrono::milliseconds fadeOutDuration{140};
     // The click that opened the panel cannot close it.
     static constexpr std::chrono::milliseconds outsideClickGrace{350};
+    // A panel left hidden this long gives its scene back; the next show builds it again.
+    static constexpr std::chrono::milliseconds releaseAfter{20'000};
 
     PanelController(AppModel &model, QQmlEngine &engine, QObject *parent = nullptr);
     ~PanelController() override;
@@ -35,7 +38,8 @@ public:
     // The panel's frame on a screen whose area without panels and docks is available.
     static QRect panelGeometry(const QRect &available);
 
-    QQuickWindow *window() const { return m_window; }
+    // The panel's window, built on first use.
+    QQuickWindow *window();
     bool isShown() const { return m_shown; }
 
     // Shows the panel on the screen holding position, or on the primary screen for a null point.
@@ -49,13 +53,17 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void build();
+    void release();
     void applyGlass();
     void onActiveChanged();
     void fadeTo(double opacity, std::chrono::milliseconds duration);
 
     AppModel &m_model;
-    QPointer<QQuickWindow> m_window;
+    QQmlEngine &m_engine;
+    std::unique_ptr<QQuickWindow> m_window;
     std::unique_ptr<QPropertyAnimation> m_fade;
+    QTimer m_releaseTimer;
     bool m_shown = false;
     bool m_blurBehind = false;
     QDeadlineTimer m_grace{0};
