@@ -6,7 +6,7 @@
 #include "DemoProfile.h"
 #include "PanelController.h"
 #include "ThemeSingleton.h"
-#include "Tray/TrayItem.h"
+#include "TrayItem.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

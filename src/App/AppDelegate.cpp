@@ -4,7 +4,7 @@
 #include "GlassImages.h"
 #include "PanelController.h"
 #include "State/SettingsKeys.h"
-#include "Tray/TrayItem.h"
+#include "TrayItem.h"
 
 #include <QGuiApplication>
 #include <QPointer>

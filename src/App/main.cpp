@@ -4,7 +4,8 @@
 #include "StatusCommand.h"
 
 #include "ThemeSingleton.h"
-#include "Tray/TrayItem.h"
+#include "SingleInstance.h"
+#include "TrayFactory.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -54,8 +55,22 @@ int runTrayApp(int argc, char *argv[])
     const QCommandLineOption demo(QStringLiteral("demo"),
                                   QStringLiteral("Replay the tournament inside the program, on a temporary "
                                                  "profile."));
-    parser.addOption(demo);
+    const QCommandLineOption toggle(QStringLiteral("toggle"),
+                                    QStringLiteral("Open or close the running Pitchlark's panel (bind it to a "
+                                                   "keyboard shortcut)."));
+    parser.addOptions({demo, toggle});
     parser.process(app);
+
+    // One Pitchlark a session: a second start opens or closes the first one's panel instead.
+    if (SingleInstance::toggleRunningInstance())
+        return 0;
+    if (parser.isSet(toggle)) {
+        QTextStream(stderr) << "Pitchlark is not running.\n";
+        return 1;
+    }
+    SingleInstance instance;
+    if (!instance.claim() && SingleInstance::toggleRunningInstance())
+        return 0;
 
     DemoProfile demoProfile;
     AppModel::Services services;
@@ -68,7 +83,8 @@ int runTrayApp(int argc, char *argv[])
         services.now = [&demoProfile] { return demoProfile.now(); };
     }
     AppDelegate delegate(std::move(services));
-    delegate.launch(nullptr);
+    QObject::connect(&instance, &SingleInstance::toggleRequested, &delegate, [&delegate] { delegate.togglePanel(); });
+    delegate.launch(createTrayItem());
     return app.exec();
 }
 
