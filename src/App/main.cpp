@@ -39,6 +39,16 @@ void preferX11OnWayland()
         qputenv("QT_QPA_PLATFORM", "xcb");
 }
 
+// `pitchlark --toggle`, for a keyboard shortcut: needs no display of its own, only the session bus.
+int runToggle(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    if (SingleInstance::toggleRunningInstance())
+        return 0;
+    QTextStream(stderr) << "Pitchlark is not running.\n";
+    return 1;
+}
+
 int runTrayApp(int argc, char *argv[])
 {
     preferX11OnWayland();
@@ -64,10 +74,6 @@ int runTrayApp(int argc, char *argv[])
     // One Pitchlark a session: a second start opens or closes the first one's panel instead.
     if (SingleInstance::toggleRunningInstance())
         return 0;
-    if (parser.isSet(toggle)) {
-        QTextStream(stderr) << "Pitchlark is not running.\n";
-        return 1;
-    }
     SingleInstance instance;
     if (!instance.claim() && SingleInstance::toggleRunningInstance())
         return 0;
@@ -101,6 +107,10 @@ int main(int argc, char *argv[])
         for (int index = 2; index < argc; ++index)
             arguments << QString::fromLocal8Bit(argv[index]);
         return runStatus(arguments, argc, argv);
+    }
+    for (int index = 1; index < argc; ++index) {
+        if (QLatin1StringView(argv[index]) == QLatin1StringView("--toggle"))
+            return runToggle(argc, argv);
     }
     return runTrayApp(argc, argv);
 }
