@@ -38,7 +38,10 @@ long residentKilobytes()
     return -1;
 }
 
-void after(int milliseconds, const std::function<void()> &step) { QTimer::singleShot(milliseconds, step); }
+void after(int milliseconds, const std::function<void()> &step)
+{
+    QTimer::singleShot(milliseconds, step);
+}
 
 // A bare Qt Quick window, shown once and hidden: the floor any Qt Quick tray program stands on.
 int measureBare(QApplication &app)
@@ -67,7 +70,9 @@ int measureProgram(QApplication &app, bool openPanel)
         return 1;
     AppModel::Services services;
     services.now = [&demo] { return demo.now(); };
-    services.applyTint = [](double hue, double strength) { ThemeSingleton::instance()->apply(hue, strength); };
+    services.applyTint = [](double hue, double strength) {
+        ThemeSingleton::instance()->apply(hue, strength);
+    };
     AppDelegate delegate(std::move(services));
     delegate.launch(nullptr);
     if (!openPanel) {
@@ -125,8 +130,10 @@ int main(int argc, char *argv[])
     std::printf("resident memory, idle with the panel never opened: %.0f KiB (%.2fx the bare window; target "
                 "<= 1.3x)\n",
                 idle, idle / bare);
-    std::printf("resident memory, %lld s after the panel was opened and hidden: %s KiB (%.2fx)\n",
-                qlonglong(std::chrono::duration_cast<std::chrono::seconds>(PanelController::releaseAfter).count() + 3),
-                qPrintable(opened.value(1)), opened.value(1).toDouble() / bare);
+    std::printf(
+        "resident memory, %lld s after the panel was opened and hidden: %s KiB (%.2fx)\n",
+        qlonglong(std::chrono::duration_cast<std::chrono::seconds>(PanelController::releaseAfter).count() +
+                  3),
+        qPrintable(opened.value(1)), opened.value(1).toDouble() / bare);
     return 0;
 }

@@ -26,7 +26,8 @@ void AppDelegate::launch(std::unique_ptr<TrayItem> tray)
     m_tray = std::move(tray);
     m_panel = std::make_unique<PanelController>(m_model, m_engine);
     if (m_tray) {
-        connect(m_tray.get(), &TrayItem::activated, this, [this](const QPoint &position) { togglePanel(position); });
+        connect(m_tray.get(), &TrayItem::activated, this,
+                [this](const QPoint &position) { togglePanel(position); });
         connect(m_tray.get(), &TrayItem::refreshRequested, &m_model, &AppModel::refresh);
         connect(m_tray.get(), &TrayItem::quitRequested, qApp, &QCoreApplication::quit);
     }
@@ -39,7 +40,10 @@ void AppDelegate::launch(std::unique_ptr<TrayItem> tray)
     applyDebugHooks();
 }
 
-void AppDelegate::togglePanel(const QPoint &position) { m_panel->toggle(position); }
+void AppDelegate::togglePanel(const QPoint &position)
+{
+    m_panel->toggle(position);
+}
 
 void AppDelegate::updateStatusTitle()
 {
@@ -91,8 +95,9 @@ void AppDelegate::afterLoad(int attempt)
         m_model.presentBanner({QStringLiteral("demo"), QStringLiteral("Goal!"),
                                QStringLiteral("Australia 2 \u2013 0 Turkey"), BannerState::Kind::goal});
     if (m_environment.contains(QStringLiteral("TIDEWELL_SNAPSHOT"))) {
-        QTimer::singleShot(snapshotDelay, this,
-                           [this] { writeSnapshot(m_environment.value(QStringLiteral("TIDEWELL_SNAPSHOT"))); });
+        QTimer::singleShot(snapshotDelay, this, [this] {
+            writeSnapshot(m_environment.value(QStringLiteral("TIDEWELL_SNAPSHOT")));
+        });
     }
 }
 

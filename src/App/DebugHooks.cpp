@@ -23,8 +23,8 @@ std::optional<PanelRoute> routeFromText(const QString &text)
 
 bool isPresentationRequested(const QProcessEnvironment &environment)
 {
-    for (const char *name :
-         {"TIDEWELL_AUTOSHOW", "TIDEWELL_SNAPSHOT", "TIDEWELL_SECTION", "TIDEWELL_DETAIL", "TIDEWELL_BANNER"}) {
+    for (const char *name : {"TIDEWELL_AUTOSHOW", "TIDEWELL_SNAPSHOT", "TIDEWELL_SECTION", "TIDEWELL_DETAIL",
+                             "TIDEWELL_BANNER"}) {
         if (environment.contains(QLatin1StringView(name)))
             return true;
     }

@@ -18,6 +18,9 @@ std::optional<PanelRoute> routeFromText(const QString &text);
 bool isPresentationRequested(const QProcessEnvironment &environment);
 
 // TIDEWELL_FLOATING and TIDEWELL_FLOATING_AFTER: only "1" means on.
-inline bool floatingFromText(const QString &value) { return value == QLatin1StringView("1"); }
+inline bool floatingFromText(const QString &value)
+{
+    return value == QLatin1StringView("1");
+}
 
 } // namespace DebugHooks

@@ -92,8 +92,7 @@ QImage featherMask()
 GlassImageProvider::GlassImageProvider()
     : QQuickImageProvider(QQuickImageProvider::Image), m_grain(GlassImages::grainTile()),
       m_feather(GlassImages::featherMask())
-{
-}
+{}
 
 QImage GlassImageProvider::requestImage(const QString &id, QSize *size, const QSize &)
 {

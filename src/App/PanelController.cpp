@@ -18,7 +18,10 @@ namespace {
 // How long after the panel lost focus a tray click still counts as the click that took it away.
 constexpr std::chrono::milliseconds focusLossClickWindow{400};
 
-bool pinnedOpen() { return qEnvironmentVariable("TIDEWELL_PINNED") == QLatin1StringView("1"); }
+bool pinnedOpen()
+{
+    return qEnvironmentVariable("TIDEWELL_PINNED") == QLatin1StringView("1");
+}
 
 } // namespace
 
@@ -34,7 +37,10 @@ PanelController::PanelController(AppModel &model, QQmlEngine &engine, QObject *p
     };
 }
 
-PanelController::~PanelController() { m_model.onGlassChange = nullptr; }
+PanelController::~PanelController()
+{
+    m_model.onGlassChange = nullptr;
+}
 
 QQuickWindow *PanelController::window()
 {
@@ -49,7 +55,8 @@ void PanelController::build()
     component.setData("import Pitchlark.App\nFrostPanel {}", QUrl());
     if (!component.isReady())
         qFatal("The panel could not be built: %s", qPrintable(component.errorString()));
-    QObject *root = component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)}});
+    QObject *root =
+        component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)}});
     m_window.reset(qobject_cast<QQuickWindow *>(root));
     if (!m_window)
         qFatal("The panel could not be built: %s", qPrintable(component.errorString()));
@@ -73,8 +80,8 @@ void PanelController::release()
 
 QRect PanelController::panelGeometry(const QRect &available)
 {
-    return QRect(available.right() + 1 - panelWidth - screenMargin, available.top() + screenMargin, panelWidth,
-                 available.height() - 2 * screenMargin);
+    return QRect(available.right() + 1 - panelWidth - screenMargin, available.top() + screenMargin,
+                 panelWidth, available.height() - 2 * screenMargin);
 }
 
 void PanelController::applyGlass()

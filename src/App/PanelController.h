@@ -2,8 +2,8 @@
 
 #include <QDeadlineTimer>
 #include <QObject>
-#include <QQuickWindow>
 #include <QPointer>
+#include <QQuickWindow>
 #include <QRect>
 #include <QTimer>
 

@@ -3,8 +3,8 @@
 #include "PitchlarkVersion.h"
 #include "StatusCommand.h"
 
-#include "ThemeSingleton.h"
 #include "SingleInstance.h"
+#include "ThemeSingleton.h"
 #include "TrayFactory.h"
 
 #include <QApplication>
@@ -56,18 +56,19 @@ int runTrayApp(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Your World Cup 2026 companion, in the system tray.\n\n"
-                                                    "Commands:\n"
-                                                    "  status   Print the live score, today's fixtures and the "
-                                                    "tables (see pitchlark status --help)."));
+    parser.setApplicationDescription(
+        QStringLiteral("Your World Cup 2026 companion, in the system tray.\n\n"
+                       "Commands:\n"
+                       "  status   Print the live score, today's fixtures and the "
+                       "tables (see pitchlark status --help)."));
     parser.addHelpOption();
     parser.addVersionOption();
     const QCommandLineOption demo(QStringLiteral("demo"),
                                   QStringLiteral("Replay the tournament inside the program, on a temporary "
                                                  "profile."));
-    const QCommandLineOption toggle(QStringLiteral("toggle"),
-                                    QStringLiteral("Open or close the running Pitchlark's panel (bind it to a "
-                                                   "keyboard shortcut)."));
+    const QCommandLineOption toggle(
+        QStringLiteral("toggle"), QStringLiteral("Open or close the running Pitchlark's panel (bind it to a "
+                                                 "keyboard shortcut)."));
     parser.addOptions({demo, toggle});
     parser.process(app);
 
@@ -80,7 +81,9 @@ int runTrayApp(int argc, char *argv[])
 
     DemoProfile demoProfile;
     AppModel::Services services;
-    services.applyTint = [](double hue, double strength) { ThemeSingleton::instance()->apply(hue, strength); };
+    services.applyTint = [](double hue, double strength) {
+        ThemeSingleton::instance()->apply(hue, strength);
+    };
     if (parser.isSet(demo)) {
         if (!demoProfile.activate()) {
             QTextStream(stderr) << "The demo could not start its replay service.\n";
@@ -89,7 +92,8 @@ int runTrayApp(int argc, char *argv[])
         services.now = [&demoProfile] { return demoProfile.now(); };
     }
     AppDelegate delegate(std::move(services));
-    QObject::connect(&instance, &SingleInstance::toggleRequested, &delegate, [&delegate] { delegate.togglePanel(); });
+    QObject::connect(&instance, &SingleInstance::toggleRequested, &delegate,
+                     [&delegate] { delegate.togglePanel(); });
     delegate.launch(createTrayItem());
     return app.exec();
 }

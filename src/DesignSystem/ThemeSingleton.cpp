@@ -11,8 +11,7 @@ ThemeSingleton::ThemeSingleton()
       m_cardStrokeTop(Theme::cardStrokeTop), m_cardStrokeBottom(Theme::cardStrokeBottom),
       m_cardRadius(Metrics::cardRadius), m_cardPadding(Metrics::cardPadding), m_gutter(Metrics::gutter),
       m_rowSpacing(Metrics::rowSpacing)
-{
-}
+{}
 
 ThemeSingleton *ThemeSingleton::instance()
 {
@@ -33,8 +32,23 @@ void ThemeSingleton::apply(double hue, double strength)
     emit inksChanged();
 }
 
-QColor ThemeSingleton::primary() const { return InkTheme::shared().palette().primary; }
-QColor ThemeSingleton::secondary() const { return InkTheme::shared().palette().secondary; }
-QColor ThemeSingleton::tertiary() const { return InkTheme::shared().palette().tertiary; }
-QColor ThemeSingleton::faint() const { return InkTheme::shared().palette().faint; }
-QColor ThemeSingleton::accent() const { return InkTheme::shared().palette().accent; }
+QColor ThemeSingleton::primary() const
+{
+    return InkTheme::shared().palette().primary;
+}
+QColor ThemeSingleton::secondary() const
+{
+    return InkTheme::shared().palette().secondary;
+}
+QColor ThemeSingleton::tertiary() const
+{
+    return InkTheme::shared().palette().tertiary;
+}
+QColor ThemeSingleton::faint() const
+{
+    return InkTheme::shared().palette().faint;
+}
+QColor ThemeSingleton::accent() const
+{
+    return InkTheme::shared().palette().accent;
+}

@@ -30,8 +30,8 @@ void SnapshotTest::snapshot()
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("panel.png"));
     QProcess program;
-    program.setEnvironment(QProcess::systemEnvironment() << QStringLiteral("TIDEWELL_SNAPSHOT=") + path
-                                                         << environment);
+    program.setEnvironment(QProcess::systemEnvironment()
+                           << QStringLiteral("TIDEWELL_SNAPSHOT=") + path << environment);
     program.start(QStringLiteral(PITCHLARK_BINARY), {QStringLiteral("--demo")});
     QVERIFY(program.waitForFinished(40'000));
     QVERIFY2(program.readAllStandardError().contains("Tidewell snapshot \xe2\x86\x92 " + path.toUtf8()),
@@ -58,7 +58,8 @@ void SnapshotTest::snapshot()
         QVERIFY(qAlpha(image.pixel(8, middle)) > edge);
     } else {
         // The white rim runs along a solid edge.
-        QVERIFY2(qAlpha(image.pixel(0, middle)) > glass, qPrintable(QString::number(qAlpha(image.pixel(0, middle)))));
+        QVERIFY2(qAlpha(image.pixel(0, middle)) > glass,
+                 qPrintable(QString::number(qAlpha(image.pixel(0, middle)))));
         QCOMPARE(edge, glass);
     }
 }
