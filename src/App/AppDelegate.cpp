@@ -1,6 +1,7 @@
 #include "AppDelegate.h"
 
 #include "DebugHooks.h"
+#include "FlagCache.h"
 #include "GlassImages.h"
 #include "PanelController.h"
 #include "State/SettingsKeys.h"
@@ -17,6 +18,7 @@ AppDelegate::AppDelegate(AppModel::Services services, QObject *parent)
     // Qt 6.4 compiles QML modules into the resources under their URI's path.
     m_engine.addImportPath(QStringLiteral("qrc:/"));
     m_engine.addImageProvider(QStringLiteral("glass"), new GlassImageProvider);
+    m_engine.setNetworkAccessManagerFactory(&FlagCacheFactory::shared());
 }
 
 AppDelegate::~AppDelegate() = default;

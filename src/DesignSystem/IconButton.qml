@@ -2,12 +2,10 @@ import QtQuick
 import Pitchlark.DesignSystem
 
 // A round glass button holding one symbol.
-Item {
+Pressable {
     id: button
 
     property string symbol
-    property string toolTip
-    signal clicked
 
     implicitWidth: 30
     implicitHeight: 30
@@ -15,7 +13,7 @@ Item {
     Rectangle {
         anchors.fill: parent
         radius: width / 2
-        color: Qt.rgba(1, 1, 1, hover.hovered ? 0.6 : 0.38)
+        color: Qt.rgba(1, 1, 1, button.pressed ? 0.75 : button.hovered ? 0.6 : 0.38)
         border.color: Theme.cardStrokeTop
         border.width: 1
         Behavior on color { ColorAnimation { duration: 120 } }
@@ -28,8 +26,4 @@ Item {
         font.weight: Font.DemiBold
         color: Theme.secondary
     }
-    HoverHandler { id: hover; cursorShape: Qt.PointingHandCursor }
-    TapHandler { onTapped: button.clicked() }
-    Accessible.role: Accessible.Button
-    Accessible.name: button.toolTip
 }

@@ -1,13 +1,16 @@
 import QtQuick
 import Pitchlark.DesignSystem
 
-// The row of section tabs under the header; the current one sits on a raised capsule.
+// A row of segments on a glass track; the current one sits on a raised capsule that slides between
+// them. Serves the section tabs and the group picker.
 Item {
     id: switcher
 
-    // [{ key, title }] in order.
+    // [{ key, title, accessibleName? }] in order.
     property var sections: []
     property string current
+    readonly property int currentIndex: sections.findIndex(section => section.key === current)
+    readonly property real segmentWidth: tabs.width / Math.max(1, sections.length)
     signal selected(string key)
 
     implicitHeight: 34
@@ -18,33 +21,44 @@ Item {
         color: Qt.rgba(1, 1, 1, 0.3)
         border.color: Theme.cardStrokeBottom
     }
-    Row {
+    Item {
         id: tabs
         anchors.fill: parent
         anchors.margins: 3
-        Repeater {
-            model: switcher.sections
-            delegate: Item {
-                required property var modelData
-                readonly property bool isCurrent: modelData.key === switcher.current
-                width: tabs.width / switcher.sections.length
-                height: tabs.height
-                Rectangle {
-                    anchors.fill: parent
-                    radius: height / 2
-                    color: Qt.rgba(1, 1, 1, 0.85)
-                    opacity: parent.isCurrent ? 1 : 0
-                    Behavior on opacity { NumberAnimation { duration: 160 } }
+
+        Rectangle {
+            visible: switcher.currentIndex >= 0
+            x: switcher.currentIndex * switcher.segmentWidth
+            width: switcher.segmentWidth
+            height: tabs.height
+            radius: height / 2
+            color: Qt.rgba(1, 1, 1, 0.88)
+            border.color: Theme.cardStrokeTop
+            Behavior on x { NumberAnimation { duration: 220; easing.type: Easing.OutCubic } }
+        }
+        Row {
+            anchors.fill: parent
+            Repeater {
+                model: switcher.sections
+                delegate: Pressable {
+                    required property var modelData
+                    readonly property bool isCurrent: modelData.key === switcher.current
+                    objectName: "segment-" + modelData.key
+                    width: switcher.segmentWidth
+                    height: tabs.height
+                    accessibleName: modelData.accessibleName ?? modelData.title
+                    Accessible.role: Accessible.PageTab
+                    Accessible.selected: isCurrent
+                    onClicked: switcher.selected(modelData.key)
+                    Text {
+                        anchors.centerIn: parent
+                        text: parent.modelData.title
+                        textFormat: Text.PlainText
+                        font.pixelSize: 12
+                        font.weight: parent.isCurrent ? Font.DemiBold : Font.Medium
+                        color: parent.isCurrent ? Theme.primary : Theme.tertiary
+                    }
                 }
-                Text {
-                    anchors.centerIn: parent
-                    text: parent.modelData.title
-                    textFormat: Text.PlainText
-                    font.pixelSize: 12
-                    font.weight: parent.isCurrent ? Font.DemiBold : Font.Medium
-                    color: parent.isCurrent ? Theme.primary : Theme.tertiary
-                }
-                TapHandler { onTapped: switcher.selected(parent.modelData.key) }
             }
         }
     }

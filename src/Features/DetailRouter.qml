@@ -14,4 +14,13 @@ DetailScaffold {
         default: return "Settings";
         }
     }
+
+    Loader {
+        width: parent.width
+        active: router.route.kindName === "match"
+        sourceComponent: MatchDetail {
+            model: router.model
+            matchID: router.route.id
+        }
+    }
 }

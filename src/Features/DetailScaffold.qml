@@ -15,7 +15,8 @@ Item {
         spacing: 10
         IconButton {
             symbol: "‹"
-            toolTip: "Back"
+            objectName: "backButton"
+            accessibleName: "Back"
             onClicked: scaffold.model.back()
         }
         Text {
@@ -29,15 +30,13 @@ Item {
             color: Theme.primary
         }
     }
-    Flickable {
-        id: scroller
+    FadingScrollView {
         anchors { left: parent.left; right: parent.right; top: bar.bottom; bottom: parent.bottom }
-        anchors.margins: Theme.gutter
-        clip: true
-        contentHeight: body.childrenRect.height
+        anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter; topMargin: 4 }
         Item {
             id: body
-            width: scroller.width
+            width: parent.width
+            height: childrenRect.height
         }
     }
 }

@@ -51,12 +51,12 @@ Item {
         }
         IconButton {
             symbol: "↻"
-            toolTip: "Refresh"
+            accessibleName: "Refresh"
             onClicked: header.model.refresh()
         }
         IconButton {
             symbol: "⚙"
-            toolTip: "Settings"
+            accessibleName: "Settings"
             onClicked: header.model.openSettings()
         }
     }

@@ -1,12 +1,25 @@
 import QtQuick
 
-// A section's list. The section screens fill it with their own rows.
-ListView {
+// The current section's screen.
+Loader {
     id: screen
 
     required property QtObject model
     required property string section
 
-    clip: true
-    spacing: 10
+    sourceComponent: ({ fixtures: fixtures, standings: standings })[section] ?? placeholder
+
+    Component {
+        id: fixtures
+        FixturesScreen { model: screen.model }
+    }
+    Component {
+        id: standings
+        StandingsScreen { model: screen.model }
+    }
+    // The sections still to come keep an empty page.
+    Component {
+        id: placeholder
+        Item {}
+    }
 }

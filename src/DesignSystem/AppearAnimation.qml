@@ -1,0 +1,30 @@
+import QtQuick
+
+// The entrance every card makes: it fades in while rising a few pixels, after a delay that lets a list
+// of cards arrive one after another. Used as the card's transform.
+Translate {
+    id: appear
+
+    required property Item target
+    property int delay: 0
+    readonly property int rise: 10
+    readonly property int duration: 260
+
+    y: rise
+
+    readonly property SequentialAnimation entrance: SequentialAnimation {
+        PropertyAction { target: appear.target; property: "opacity"; value: 0 }
+        PauseAnimation { duration: appear.delay }
+        ParallelAnimation {
+            NumberAnimation {
+                target: appear.target; property: "opacity"; to: 1
+                duration: appear.duration; easing.type: Easing.OutCubic
+            }
+            NumberAnimation {
+                target: appear; property: "y"; to: 0
+                duration: appear.duration; easing.type: Easing.OutCubic
+            }
+        }
+    }
+    Component.onCompleted: entrance.start()
+}

@@ -1,0 +1,47 @@
+import QtQuick
+import Pitchlark.DesignSystem
+
+// Anything that can be clicked: reachable with Tab, activated with Enter, Return or Space, named for
+// assistive technology, with a focus ring that follows its shape.
+Item {
+    id: control
+
+    property string accessibleName
+    property real focusRadius: height / 2
+    readonly property bool hovered: mouse.containsMouse
+    readonly property bool pressed: mouse.pressed
+    signal clicked
+
+    readonly property int ringWidth: 2
+    readonly property int ringGap: 2
+
+    activeFocusOnTab: true
+    Accessible.role: Accessible.Button
+    Accessible.name: accessibleName
+    Accessible.focusable: true
+    Accessible.onPressAction: control.clicked()
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space) {
+            event.accepted = true;
+            control.clicked();
+        }
+    }
+
+    MouseArea {
+        id: mouse
+        anchors.fill: parent
+        hoverEnabled: true
+        cursorShape: Qt.PointingHandCursor
+        onClicked: control.clicked()
+    }
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: -control.ringGap
+        z: 1
+        visible: control.activeFocus
+        radius: control.focusRadius + control.ringGap
+        color: "transparent"
+        border.width: control.ringWidth
+        border.color: Theme.accent
+    }
+}

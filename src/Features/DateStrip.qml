@@ -1,0 +1,90 @@
+import QtQuick
+import Pitchlark.DesignSystem
+import "DayKeys.js" as DayKeys
+
+// Two weeks of days around today, each a tile with its weekday and day number; today carries a dot.
+// Choosing a day shows its fixtures.
+Item {
+    id: strip
+
+    required property QtObject model
+    // Re-read after each update, so the strip moves on at midnight.
+    readonly property var keys: { model.lastUpdated; return model.dateStripKeys(); }
+    readonly property int todayIndex: 3
+    readonly property int tileWidth: 44
+    readonly property int tileHeight: 56
+
+    function choose(key) {
+        model.selectedTeamFilterID = "";
+        model.selectedDate = key;
+        model.applySelectedDateFilter();
+    }
+
+    implicitHeight: tileHeight
+
+    ListView {
+        id: days
+        anchors.fill: parent
+        orientation: ListView.Horizontal
+        spacing: 4
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        model: strip.keys
+        currentIndex: strip.keys.indexOf(strip.model.selectedDate)
+        highlightFollowsCurrentItem: false
+        Component.onCompleted: positionViewAtIndex(Math.max(0, currentIndex - 2), ListView.Beginning)
+
+        delegate: Pressable {
+            id: tile
+            required property string modelData
+            required property int index
+            readonly property bool selected: modelData === strip.model.selectedDate
+                                             && strip.model.selectedTeamFilterID.length === 0
+            readonly property bool today: index === strip.todayIndex
+
+            objectName: "day-" + modelData
+            width: strip.tileWidth
+            height: strip.tileHeight
+            focusRadius: 14
+            accessibleName: (today ? "Today, " : "") + DayKeys.friendly(modelData)
+            Accessible.selected: selected
+            onClicked: strip.choose(modelData)
+
+            Rectangle {
+                anchors.fill: parent
+                radius: 14
+                color: tile.selected ? Qt.rgba(1, 1, 1, 0.9) : Qt.rgba(1, 1, 1, tile.hovered ? 0.4 : 0)
+                border.color: tile.selected ? Theme.cardStrokeTop : "transparent"
+                Behavior on color { ColorAnimation { duration: 140 } }
+            }
+            Column {
+                anchors.centerIn: parent
+                spacing: 1
+                Text {
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    text: DayKeys.weekday(tile.modelData).toUpperCase()
+                    textFormat: Text.PlainText
+                    font.pixelSize: 10
+                    font.weight: Font.DemiBold
+                    font.letterSpacing: 0.5
+                    color: tile.selected ? Theme.accent : Theme.tertiary
+                }
+                Text {
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    text: DayKeys.dayNumber(tile.modelData)
+                    textFormat: Text.PlainText
+                    font.pixelSize: 18
+                    font.weight: tile.selected ? Font.Bold : Font.DemiBold
+                    color: tile.selected ? Theme.primary : Theme.secondary
+                }
+                Rectangle {
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    width: 5
+                    height: 5
+                    radius: 2.5
+                    color: tile.today ? Theme.accent : "transparent"
+                }
+            }
+        }
+    }
+}

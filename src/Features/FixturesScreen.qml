@@ -1,0 +1,90 @@
+import QtQuick
+import Pitchlark.DesignSystem
+import "DayKeys.js" as DayKeys
+
+// The day's matches: the date strip, the team filter when one is set, a heading, then one card per match
+// in the model's order (live ones first), or a calm note when there is nothing to show.
+Item {
+    id: screen
+
+    required property QtObject model
+    readonly property bool filtered: model.selectedTeamFilterID.length > 0
+    readonly property bool isToday: model.selectedDate === model.dateStripKeys()[3]
+    readonly property int matchCount: model.matches.length
+
+    Component.onCompleted: model.applySelectedDateFilter()
+
+    DateStrip {
+        id: strip
+        objectName: "dateStrip"
+        anchors { left: parent.left; right: parent.right; top: parent.top }
+        anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter }
+        model: screen.model
+    }
+    FadingScrollView {
+        id: scroll
+        objectName: "fixturesList"
+        anchors { left: parent.left; right: parent.right; top: strip.bottom; bottom: parent.bottom }
+        anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter; topMargin: 4 }
+
+        Column {
+            width: parent.width
+            spacing: Theme.rowSpacing
+
+            TeamFilterBanner {
+                width: parent.width
+                visible: screen.filtered
+                model: screen.model
+            }
+            Item {
+                width: parent.width
+                height: heading.implicitHeight
+                Text {
+                    id: heading
+                    objectName: "dayHeading"
+                    anchors.left: parent.left
+                    text: screen.filtered ? "All matches"
+                        : (screen.isToday ? "Today · " : "") + DayKeys.friendly(screen.model.selectedDate)
+                    textFormat: Text.PlainText
+                    font.pixelSize: 15
+                    font.weight: Font.Bold
+                    color: Theme.primary
+                }
+                Text {
+                    anchors { right: parent.right; baseline: heading.baseline }
+                    visible: screen.matchCount > 0
+                    text: screen.matchCount === 1 ? "1 match" : screen.matchCount + " matches"
+                    textFormat: Text.PlainText
+                    font.pixelSize: 11
+                    color: Theme.tertiary
+                }
+            }
+            ErrorNote {
+                width: parent.width
+                visible: message.length > 0
+                message: screen.model.errorMessage
+                surfaceOpacity: screen.model.surfaceOpacity
+            }
+            Repeater {
+                model: screen.model.matches
+                delegate: MatchCard {
+                    id: listedCard
+                    required property var modelData
+                    required property int index
+                    width: parent.width
+                    model: screen.model
+                    match: modelData
+                    transform: AppearAnimation { target: listedCard; delay: 30 * Math.min(index, 8) }
+                }
+            }
+            EmptyState {
+                objectName: "fixturesEmpty"
+                width: parent.width
+                visible: screen.matchCount === 0
+                symbol: "⚽"
+                title: screen.model.isLoading ? "Loading fixtures…" : "No matches on this day"
+                message: screen.model.isLoading ? "" : "Pick another day above to see its fixtures."
+            }
+        }
+    }
+}

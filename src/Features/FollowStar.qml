@@ -1,0 +1,18 @@
+import QtQuick
+import Pitchlark.DesignSystem
+
+// The star that follows or unfollows one team.
+GlyphButton {
+    id: star
+
+    required property QtObject model
+    required property string teamID
+    required property string teamName
+
+    visible: teamID.length > 0
+    path: Glyphs.star
+    checked: model.favoriteTeamIDs.indexOf(teamID) >= 0
+    onColor: Theme.playoffAmber
+    accessibleName: (checked ? "Unfollow " : "Follow ") + teamName
+    onClicked: model.toggleFavorite(teamID)
+}

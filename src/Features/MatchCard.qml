@@ -1,0 +1,110 @@
+import QtQuick
+import Pitchlark.DesignSystem
+
+// One match in the fixtures list: its round, status and pin on top, the two sides with their scores,
+// and when and where it is played. A click opens the match.
+Pressable {
+    id: card
+
+    required property QtObject model
+    required property var match
+    readonly property bool finished: match.status === "finished"
+    readonly property bool scheduled: match.status === "scheduled"
+    readonly property int homeGoals: Number(match.homeScore)
+    readonly property int awayGoals: Number(match.awayScore)
+
+    objectName: "matchCard-" + match.id
+    implicitHeight: surface.implicitHeight
+    focusRadius: Theme.cardRadius
+    accessibleName: match.homeTeam + " " + match.displayHomeScore + ", " + match.awayTeam + " "
+                    + match.displayAwayScore + ", " + match.compactStatusLabel + ". Open match"
+    onClicked: model.openMatch(match.id)
+
+    GlassCard {
+        id: surface
+        anchors.fill: parent
+        surfaceOpacity: card.model.surfaceOpacity + (card.hovered ? 0.12 : 0)
+        tint: card.match.isLive ? Qt.rgba(Theme.liveRed.r, Theme.liveRed.g, Theme.liveRed.b, 0.05)
+                                : "transparent"
+
+        Column {
+            width: parent.width
+            spacing: 6
+
+            Item {
+                width: parent.width
+                height: Math.max(round.implicitHeight, badge.implicitHeight, pin.implicitHeight)
+                Row {
+                    anchors { left: parent.left; verticalCenter: parent.verticalCenter }
+                    spacing: 8
+                    Text {
+                        id: round
+                        anchors.verticalCenter: parent.verticalCenter
+                        text: card.match.roundLabel
+                        textFormat: Text.PlainText
+                        font.pixelSize: 11
+                        font.weight: Font.DemiBold
+                        font.letterSpacing: 0.3
+                        color: Theme.tertiary
+                    }
+                    ConcurrencyMark {
+                        anchors.verticalCenter: parent.verticalCenter
+                        // The caches behind the answer are rebuilt with the title, which is set on every rebuild.
+                        visible: { card.model.trayTitle; return card.model.isConcurrentMatch(card.match); }
+                    }
+                }
+                Row {
+                    anchors { right: parent.right; rightMargin: -6; verticalCenter: parent.verticalCenter }
+                    spacing: 2
+                    StatusBadge {
+                        id: badge
+                        objectName: "status-" + card.match.id
+                        anchors.verticalCenter: parent.verticalCenter
+                        label: card.match.compactStatusLabel
+                        live: card.match.isLive
+                        finished: card.finished
+                    }
+                    PinButton {
+                        id: pin
+                        objectName: "pin-" + card.match.id
+                        anchors.verticalCenter: parent.verticalCenter
+                        model: card.model
+                        match: card.match
+                    }
+                }
+            }
+            TeamLine {
+                width: parent.width
+                model: card.model
+                teamID: card.match.homeTeamID
+                name: card.match.homeTeam
+                code: card.match.homeCode
+                emoji: card.match.homeFlagEmoji
+                flagURL: card.match.homeFlagURL
+                score: card.match.displayHomeScore
+                live: card.match.isLive
+                muted: card.finished && card.homeGoals < card.awayGoals
+            }
+            TeamLine {
+                width: parent.width
+                model: card.model
+                teamID: card.match.awayTeamID
+                name: card.match.awayTeam
+                code: card.match.awayCode
+                emoji: card.match.awayFlagEmoji
+                flagURL: card.match.awayFlagURL
+                score: card.match.displayAwayScore
+                live: card.match.isLive
+                muted: card.finished && card.awayGoals < card.homeGoals
+            }
+            Text {
+                width: parent.width
+                text: (card.scheduled ? "" : card.match.kickoffLabel + "  ·  ") + card.match.venueLine
+                textFormat: Text.PlainText
+                elide: Text.ElideRight
+                font.pixelSize: 11
+                color: Theme.tertiary
+            }
+        }
+    }
+}

@@ -1,0 +1,53 @@
+import QtQuick
+import Pitchlark.DesignSystem
+
+// One team's line in a group table. A coloured bar marks the places that go through; the rows of
+// followed teams are tinted. A click opens the team.
+Pressable {
+    id: row
+
+    required property QtObject model
+    required property var standing
+    property string emoji
+    readonly property bool followed: model.favoriteTeamIDs.indexOf(standing.teamID) >= 0
+    readonly property color placeColor: standing.position <= 2 ? Theme.qualGreen
+                                        : standing.position === 3 ? Theme.playoffAmber : "transparent"
+    readonly property int barWidth: 3
+
+    objectName: "standing-" + standing.teamID
+    implicitHeight: 34
+    focusRadius: 10
+    accessibleName: standing.team + ", place " + standing.position + ", " + standing.points + " points. Open team"
+    onClicked: model.openTeam(standing.teamID)
+
+    Rectangle {
+        anchors.fill: parent
+        radius: 10
+        color: row.followed ? Qt.rgba(Theme.accent.r, Theme.accent.g, Theme.accent.b, 0.1)
+                            : Qt.rgba(Theme.primary.r, Theme.primary.g, Theme.primary.b, row.hovered ? 0.05 : 0)
+    }
+    Rectangle {
+        anchors { left: parent.left; verticalCenter: parent.verticalCenter }
+        width: row.barWidth
+        height: parent.height - 12
+        radius: width / 2
+        color: row.placeColor
+    }
+    TableColumns {
+        anchors.fill: parent
+        position: String(row.standing.position)
+        positionColor: row.standing.position <= 3 ? row.placeColor : Theme.tertiary
+        FlagView {
+            anchors.centerIn: parent
+            source: row.standing.flagURL
+            emoji: row.emoji
+            code: row.standing.code
+        }
+        team: row.standing.team
+        teamBold: row.followed
+        figures: [row.standing.played, row.standing.won, row.standing.drawn, row.standing.lost,
+                  row.standing.goalsFor, row.standing.goalsAgainst,
+                  (row.standing.goalDifference > 0 ? "+" : "") + row.standing.goalDifference]
+        points: String(row.standing.points)
+    }
+}

@@ -1,0 +1,104 @@
+import QtQuick
+import Pitchlark.DesignSystem
+
+// The group tables: a picker over the twelve groups, then the chosen group's table with its
+// qualification places and their legend. Before the tables arrive, a calm note instead.
+Item {
+    id: screen
+
+    required property QtObject model
+    readonly property var group: model.standings.find(standing => standing.group === model.selectedGroup)
+    // Standing rows carry no emoji; the matches do, for when a flag image cannot be loaded.
+    readonly property var emojiByTeam: {
+        const emojis = {};
+        for (const match of model.allMatches) {
+            emojis[match.homeTeamID] = match.homeFlagEmoji;
+            emojis[match.awayTeamID] = match.awayFlagEmoji;
+        }
+        return emojis;
+    }
+    readonly property int rowHeight: 36
+
+    SectionSwitcher {
+        id: picker
+        objectName: "groupPicker"
+        anchors { left: parent.left; right: parent.right; top: parent.top }
+        anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter }
+        implicitHeight: 30
+        sections: screen.model.allGroups.map(letter => ({ key: letter, title: letter, accessibleName: "Group " + letter }))
+        current: screen.model.selectedGroup
+        onSelected: key => screen.model.selectedGroup = key
+    }
+    FadingScrollView {
+        anchors { left: parent.left; right: parent.right; top: picker.bottom; bottom: parent.bottom }
+        anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter; topMargin: 4 }
+
+        Column {
+            width: parent.width
+            spacing: Theme.rowSpacing
+
+            ErrorNote {
+                width: parent.width
+                visible: message.length > 0
+                message: screen.model.errorMessage
+                surfaceOpacity: screen.model.surfaceOpacity
+            }
+            GlassCard {
+                id: table
+                objectName: "standingsTable"
+                width: parent.width
+                visible: screen.group !== undefined
+                surfaceOpacity: screen.model.surfaceOpacity
+                padding: 10
+                transform: AppearAnimation { target: table }
+
+                Column {
+                    width: parent.width
+                    spacing: 2
+                    Text {
+                        leftPadding: 6
+                        bottomPadding: 6
+                        text: "Group " + screen.model.selectedGroup
+                        textFormat: Text.PlainText
+                        font.pixelSize: 17
+                        font.weight: Font.Bold
+                        color: Theme.primary
+                    }
+                    TableColumns {
+                        width: parent.width
+                        height: 20
+                        heading: true
+                        position: "#"
+                        team: "TEAM"
+                        figures: ["P", "W", "D", "L", "GF", "GA", "GD"]
+                        points: "PTS"
+                    }
+                    Repeater {
+                        model: screen.group ? screen.group.standings : []
+                        delegate: StandingsRowView {
+                            required property var modelData
+                            width: parent.width
+                            height: screen.rowHeight
+                            model: screen.model
+                            standing: modelData
+                            emoji: screen.emojiByTeam[modelData.teamID] ?? ""
+                        }
+                    }
+                }
+            }
+            QualificationLegend {
+                objectName: "qualificationLegend"
+                anchors.horizontalCenter: parent.horizontalCenter
+                visible: table.visible
+            }
+            EmptyState {
+                objectName: "standingsEmpty"
+                width: parent.width
+                visible: !table.visible
+                symbol: "🏆"
+                title: screen.model.isLoading ? "Loading the tables…" : "No tables yet"
+                message: screen.model.isLoading ? "" : "The group tables appear with the next update."
+            }
+        }
+    }
+}
