@@ -1,0 +1,280 @@
+#include "FeedServer.h"
+#include "GlassImages.h"
+#include "ModelFixture.h"
+#include "PanelController.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+#include <QtQml/QQmlExtensionPlugin>
+
+#include <QCoro/QCoroTask>
+
+Q_IMPORT_QML_PLUGIN(Pitchlark_DesignSystemPlugin)
+Q_IMPORT_QML_PLUGIN(Pitchlark_FeaturesPlugin)
+Q_IMPORT_QML_PLUGIN(Pitchlark_AppPlugin)
+
+namespace {
+
+const QDateTime frozenAt{QDate(2026, 6, 27), QTime(21, 30), QTimeZone::utc()};
+
+// The real panel over a real model fed by an in-process replay frozen at one instant.
+class Panel {
+public:
+    Panel(const Tournament &tournament, QQmlEngine &engine)
+        : m_feed(tournament, TournamentClock::frozen(frozenAt)),
+          m_fixture(QStringLiteral("http://127.0.0.1:%1").arg(m_feed.listen()))
+    {
+        model = m_fixture.makeModel([] { return frozenAt; });
+        QCoro::waitFor(model->fetchAll());
+        m_controller = std::make_unique<PanelController>(*model, engine);
+        m_controller->show();
+        window = m_controller->window();
+    }
+
+    QString settingsPath() const { return m_fixture.settingsPath(); }
+
+    // The visible item of that name, searched through the drawn tree (Loaders and Repeaters included).
+    QQuickItem *item(const QString &name) const { return find(window->contentItem(), name); }
+
+    void click(const QString &name) const
+    {
+        QQuickItem *target = item(name);
+        QVERIFY2(target, qPrintable(name));
+        const QPointF centre = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
+        QTest::mouseClick(window, Qt::LeftButton, {}, centre.toPoint());
+    }
+
+    std::unique_ptr<AppModel> model;
+    QQuickWindow *window = nullptr;
+
+private:
+    static QQuickItem *find(QQuickItem *item, const QString &name)
+    {
+        if (!item->isVisible())
+            return nullptr;
+        if (item->objectName() == name)
+            return item;
+        for (QQuickItem *child : item->childItems()) {
+            if (QQuickItem *found = find(child, name))
+                return found;
+        }
+        return nullptr;
+    }
+
+    FeedServer m_feed;
+    ModelFixture m_fixture;
+    std::unique_ptr<PanelController> m_controller;
+};
+
+// Every Text item under the panel, for checks that sweep the whole tree.
+void collectTexts(QQuickItem *item, QList<QQuickItem *> &texts)
+{
+    if (item->inherits("QQuickText"))
+        texts.append(item);
+    for (QQuickItem *child : item->childItems())
+        collectTexts(child, texts);
+}
+
+QStringList cardOrder(const Panel &panel)
+{
+    QList<std::pair<qreal, QString>> cards;
+    for (const Match &match : panel.model->matches()) {
+        if (QQuickItem *card = panel.item(QStringLiteral("matchCard-") + match.id))
+            cards.append({card->mapToScene({}).y(), match.id});
+    }
+    std::sort(cards.begin(), cards.end());
+    QStringList ids;
+    for (const auto &card : cards)
+        ids.append(card.second);
+    return ids;
+}
+
+QStringList matchIDs(const QList<Match> &matches)
+{
+    QStringList ids;
+    for (const Match &match : matches)
+        ids.append(match.id);
+    return ids;
+}
+
+} // namespace
+
+// The fixtures, standings and match screens, driven with the mouse and keyboard through the window.
+class PanelScreensTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void liveMatchesFirstWithTheirClocks();
+    void choosingADayChangesTheList();
+    void cardOpensTheMatchAndBackReturns();
+    void starFollowsATeamAndStoresIt();
+    void pinSwitchesTheMenuBarMode();
+    void standingsShowTheGroupInOrderAndOpenTeams();
+    void unknownMatchSaysNotFound();
+    void markupInTheFeedShowsAsText();
+
+private:
+    // One engine for the run, as in the program: flag loads still pending when a panel goes must not
+    // outlive the engine that started them.
+    QQmlEngine m_engine;
+    std::unique_ptr<Panel> m_panel;
+};
+
+void PanelScreensTest::initTestCase()
+{
+    m_engine.addImportPath(QStringLiteral("qrc:/"));
+    m_engine.addImageProvider(QStringLiteral("glass"), new GlassImageProvider);
+}
+
+void PanelScreensTest::init()
+{
+    m_panel = std::make_unique<Panel>(Tournament::bundled(), m_engine);
+    QVERIFY(QTest::qWaitForWindowExposed(m_panel->window));
+    QTRY_VERIFY(m_panel->item(QStringLiteral("dateStrip")));
+}
+
+void PanelScreensTest::liveMatchesFirstWithTheirClocks()
+{
+    const QList<Match> &matches = m_panel->model->matches();
+    QVERIFY(matches.size() > 2);
+    QTRY_COMPARE(cardOrder(*m_panel), matchIDs(matches));
+    for (int index = 0; index < 2; ++index) {
+        const Match &live = matches.at(index);
+        QVERIFY2(live.live(), qPrintable(live.id));
+        QQuickItem *badge = m_panel->item(QStringLiteral("status-") + live.id);
+        QVERIFY(badge);
+        QVERIFY(badge->property("live").toBool());
+        QCOMPARE(badge->property("label").toString(), live.compactStatusLabel());
+        QVERIFY(live.compactStatusLabel().contains(u'\''));
+    }
+    QVERIFY(!matches.constLast().live());
+}
+
+void PanelScreensTest::choosingADayChangesTheList()
+{
+    const QStringList today = matchIDs(m_panel->model->matches());
+    m_panel->click(QStringLiteral("day-2026-06-28"));
+    QCOMPARE(m_panel->model->selectedDate(), QStringLiteral("2026-06-28"));
+    const QStringList tomorrow = matchIDs(m_panel->model->matches());
+    QVERIFY(!tomorrow.isEmpty());
+    QVERIFY(tomorrow != today);
+    QTRY_COMPARE(cardOrder(*m_panel), tomorrow);
+}
+
+void PanelScreensTest::cardOpensTheMatchAndBackReturns()
+{
+    const Match first = m_panel->model->matches().constFirst();
+    m_panel->click(QStringLiteral("matchCard-") + first.id);
+    QCOMPARE(m_panel->model->detailStack(), QList<PanelRoute>{PanelRoute::match(first.id)});
+    QTRY_VERIFY(m_panel->item(QStringLiteral("scoreline")));
+    QCOMPARE(m_panel->item(QStringLiteral("scoreline"))->property("text").toString(),
+             first.displayHomeScore() + QStringLiteral(" \u2013 ") + first.displayAwayScore());
+    // The page has slid in before its back button is in reach.
+    QTRY_COMPARE(m_panel->item(QStringLiteral("backButton"))->mapToScene({}).x(), qreal(16));
+    m_panel->click(QStringLiteral("backButton"));
+    QVERIFY(m_panel->model->detailStack().isEmpty());
+}
+
+void PanelScreensTest::starFollowsATeamAndStoresIt()
+{
+    const QString teamID = m_panel->model->matches().constFirst().homeTeamID;
+    const QString star = QStringLiteral("follow-") + teamID;
+    m_panel->click(star);
+    QVERIFY(m_panel->model->isFavorite(teamID));
+    QFile settings(m_panel->settingsPath());
+    QVERIFY(settings.open(QIODevice::ReadOnly));
+    const QJsonArray stored =
+        QJsonDocument::fromJson(settings.readAll())[QLatin1StringView("FavoriteTeamIDs")].toArray();
+    QCOMPARE(stored, QJsonArray{teamID});
+
+    // The same star from the keyboard.
+    m_panel->item(star)->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(m_panel->window, Qt::Key_Space);
+    QVERIFY(!m_panel->model->isFavorite(teamID));
+}
+
+void PanelScreensTest::pinSwitchesTheMenuBarMode()
+{
+    const Match live = m_panel->model->matches().constFirst();
+    m_panel->click(QStringLiteral("pin-") + live.id);
+    QCOMPARE(m_panel->model->pinnedLiveMatchID(), std::optional(live.id));
+    QCOMPARE(m_panel->model->trayDisplayMode(), TrayDisplayMode::pinned);
+    m_panel->click(QStringLiteral("pin-") + live.id);
+    QCOMPARE(m_panel->model->pinnedLiveMatchID(), std::nullopt);
+    QCOMPARE(m_panel->model->trayDisplayMode(), TrayDisplayMode::automatic);
+}
+
+void PanelScreensTest::standingsShowTheGroupInOrderAndOpenTeams()
+{
+    m_panel->click(QStringLiteral("segment-standings"));
+    QTRY_VERIFY(m_panel->item(QStringLiteral("groupPicker")));
+    m_panel->click(QStringLiteral("segment-L"));
+    QCOMPARE(m_panel->model->selectedGroup(), QStringLiteral("L"));
+    const auto group = std::find_if(m_panel->model->standings().cbegin(), m_panel->model->standings().cend(),
+                                    [](const GroupStanding &standing) { return standing.group == u'L'; });
+    QVERIFY(group != m_panel->model->standings().cend());
+    QCOMPARE(group->standings.size(), 4);
+    qreal above = -1;
+    for (int place = 0; place < 4; ++place) {
+        const StandingRow &row = group->standings.at(place);
+        QCOMPARE(row.position, place + 1);
+        QQuickItem *line = m_panel->item(QStringLiteral("standing-") + row.teamID);
+        QVERIFY(line);
+        QVERIFY(line->mapToScene({}).y() > above);
+        above = line->mapToScene({}).y();
+    }
+    const QString leader = group->standings.constFirst().teamID;
+    m_panel->click(QStringLiteral("standing-") + leader);
+    QCOMPARE(m_panel->model->detailStack(), QList<PanelRoute>{PanelRoute::team(leader)});
+}
+
+void PanelScreensTest::unknownMatchSaysNotFound()
+{
+    m_panel->model->openMatch(QStringLiteral("999"));
+    QTRY_VERIFY(m_panel->item(QStringLiteral("matchNotFound")));
+    QVERIFY(!m_panel->item(QStringLiteral("matchHero")));
+}
+
+void PanelScreensTest::markupInTheFeedShowsAsText()
+{
+    QFile bundled(QStringLiteral(":/pitchlark/feed/tournament.json"));
+    QVERIFY(bundled.open(QIODevice::ReadOnly));
+    QJsonObject data = QJsonDocument::fromJson(bundled.readAll()).object();
+    QJsonArray teams = data[QLatin1StringView("teams")].toArray();
+    const QString markup = QStringLiteral("<b>Mexico</b>");
+    QJsonObject mexico = teams.at(0).toObject();
+    mexico[QLatin1StringView("name_en")] = markup;
+    teams.replace(0, mexico);
+    data[QLatin1StringView("teams")] = teams;
+    QString error;
+    const auto tournament = Tournament::fromJson(QJsonDocument(data).toJson(), &error);
+    QVERIFY2(tournament, qPrintable(error));
+
+    m_panel.reset();
+    Panel panel(*tournament, m_engine);
+    QVERIFY(QTest::qWaitForWindowExposed(panel.window));
+    panel.model->openMatch(QStringLiteral("1"));
+    panel.model->setSection(Section::standings);
+    QTRY_VERIFY(panel.item(QStringLiteral("matchHero")));
+    QList<QQuickItem *> texts;
+    collectTexts(panel.window->contentItem(), texts);
+    int shown = 0;
+    for (QQuickItem *text : std::as_const(texts)) {
+        if (!text->property("text").toString().contains(markup))
+            continue;
+        ++shown;
+        QCOMPARE(text->property("textFormat").toInt(), int(Qt::PlainText));
+    }
+    QVERIFY(shown >= 2); // the match page and the group table
+}
+
+QTEST_MAIN(PanelScreensTest)
+#include "PanelScreensTest.moc"
