@@ -225,4 +225,4 @@ void AppcastTest::secureURL()
 }
 
 QTEST_GUILESS_MAIN(AppcastTest)
-#include "tst_Appcast.moc"
+#include "AppcastTest.moc"

@@ -279,4 +279,4 @@ void UpdateControllerTest::failedStartDisablesChecks()
 }
 
 QTEST_GUILESS_MAIN(UpdateControllerTest)
-#include "tst_UpdateController.moc"
+#include "UpdateControllerTest.moc"

@@ -110,4 +110,4 @@ void SignUpdateTest::refusals()
 }
 
 QTEST_GUILESS_MAIN(SignUpdateTest)
-#include "tst_SignUpdate.moc"
+#include "SignUpdateTest.moc"

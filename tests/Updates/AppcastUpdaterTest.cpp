@@ -394,4 +394,4 @@ void AppcastUpdaterTest::backgroundChecks()
 }
 
 QTEST_GUILESS_MAIN(AppcastUpdaterTest)
-#include "tst_AppcastUpdater.moc"
+#include "AppcastUpdaterTest.moc"
