@@ -44,8 +44,11 @@ bool windowManagerSupports(xcb_connection_t *connection, xcb_window_t root, xcb_
 
 bool requestBlurBehind(QWindow *window)
 {
+    // Only the xcb platform speaks X11; asking another platform for its connection is not safe.
+    if (!window || QGuiApplication::platformName() != QLatin1StringView("xcb"))
+        return false;
     auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11 || !window)
+    if (!x11)
         return false;
     xcb_connection_t *connection = x11->connection();
     const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;

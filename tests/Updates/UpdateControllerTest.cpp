@@ -1,5 +1,5 @@
-#include "ScriptedEngine.h"
 #include "UpdateController.h"
+#include "ScriptedEngine.h"
 
 #include <QPointer>
 #include <QRegularExpression>
