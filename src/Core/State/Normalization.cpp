@@ -1,9 +1,9 @@
 #include "Normalization.h"
 
 #include "Networking/APIService.h"
+#include "Support/TextMemo.h"
 #include "Support/TextParsing.h"
 
-#include <QMutex>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -14,7 +14,8 @@ namespace {
 
 QString flagEmojiOf(const APITeam *team)
 {
-    return team ? flagEmoji(team->iso2) : QString();
+    static TextMemo<QString> emojiByCode;
+    return team ? emojiByCode.get(team->iso2, flagEmoji) : QString();
 }
 
 const APITeam *find(const TeamTable &teams, const QString &id)
@@ -34,16 +35,11 @@ QUrl flagURL(const APITeam &team)
 {
     if (team.flag.isEmpty())
         return {};
-    // Every game parses both sides' flags, and there are only 48 teams: remember what each text gave.
-    static QMutex mutex;
-    static QHash<QString, QUrl> parsed;
-    const QMutexLocker locker(&mutex);
-    if (const auto known = parsed.constFind(team.flag); known != parsed.constEnd())
-        return *known;
-    if (parsed.size() >= 256)
-        parsed.clear();
-    const QUrl url(team.flag, QUrl::StrictMode);
-    return *parsed.insert(team.flag, url.isValid() ? url : QUrl());
+    static TextMemo<QUrl> urlByText;
+    return urlByText.get(team.flag, [](const QString &text) {
+        const QUrl url(text, QUrl::StrictMode);
+        return url.isValid() ? url : QUrl();
+    });
 }
 
 Match normalizeMatch(const APIGame &game, const TeamTable &teamsByID, const StadiumTable &stadiumsByID,
