@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QTimer>
 #include <QtEndian>
 
 #include <atomic>
@@ -70,13 +72,25 @@ StatusNotifierTrayItem::~StatusNotifierTrayItem()
 
 void StatusNotifierTrayItem::registerWithWatcher()
 {
+    askWatcher(0);
+}
+
+void StatusNotifierTrayItem::askWatcher(int attempt)
+{
     QDBusMessage call =
         QDBusMessage::createMethodCall(watcherService, QStringLiteral("/StatusNotifierWatcher"),
                                        watcherService, QStringLiteral("RegisterStatusNotifierItem"));
     call << m_serviceName;
     // The watcher may not be there yet; it is then registered with when it appears, never started for us.
     call.setAutoStartService(false);
-    m_bus.asyncCall(call);
+    auto *reply = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
+    connect(reply, &QDBusPendingCallWatcher::finished, this, [this, reply, attempt] {
+        reply->deleteLater();
+        // A watcher that has just taken its name may not serve its object yet: ask again shortly.
+        if (reply->isError() && reply->error().type() != QDBusError::ServiceUnknown &&
+            attempt + 1 < registrationAttempts)
+            QTimer::singleShot(registrationRetryInterval, this, [this, attempt] { askWatcher(attempt + 1); });
+    });
 }
 
 void StatusNotifierTrayItem::setTitle(const QString &title)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+
 #include "TrayDBusTypes.h"
 #include "TrayItem.h"
 
@@ -63,6 +65,10 @@ class StatusNotifierTrayItem : public TrayItem {
     Q_PROPERTY(QString XAyatanaLabelGuide READ labelGuide)
 
 public:
+    // How often, and how far apart, a watcher that refused the registration is asked again.
+    static constexpr int registrationAttempts = 20;
+    static constexpr std::chrono::milliseconds registrationRetryInterval{250};
+
     explicit StatusNotifierTrayItem(QObject *parent = nullptr);
     ~StatusNotifierTrayItem() override;
 
@@ -97,6 +103,7 @@ signals:
 
 private:
     void registerWithWatcher();
+    void askWatcher(int attempt);
 
     QDBusConnection m_bus;
     QString m_serviceName;

@@ -38,9 +38,10 @@ QString WCFormatters::dayNumber(const QDateTime &instant) const
 }
 QString WCFormatters::kickoffTime(const QDateTime &instant) const
 {
-    // Every match card shows one, so it skips the general pattern formatter.
-    const QTime time = instant.toTimeZone(m_zone).time();
-    return QString::asprintf("%02d:%02d", time.hour(), time.minute());
+    // Every match card shows one, so it skips the general formatter and the zone conversion's copy.
+    const qint64 local = instant.toSecsSinceEpoch() + m_zone.offsetFromUtc(instant);
+    const qint64 secondOfDay = ((local % 86400) + 86400) % 86400;
+    return QString::asprintf("%02d:%02d", int(secondOfDay / 3600), int(secondOfDay % 3600 / 60));
 }
 QString WCFormatters::kickoffFull(const QDateTime &instant) const
 {
