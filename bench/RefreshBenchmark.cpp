@@ -3,6 +3,7 @@
 // hundred cycles as `pitchlark status --watch` would run them.
 
 #include "FeedServer.h"
+#include "ResidentMemory.h"
 #include "State/AppModel.h"
 
 #include <QCoreApplication>
@@ -25,18 +26,6 @@ double threadCpuMilliseconds()
     timespec time{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
     return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
-}
-
-long residentKilobytes()
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return -1;
-    for (QByteArray line = status.readLine(); !line.isEmpty(); line = status.readLine()) {
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).trimmed().split(' ').constFirst().toLong();
-    }
-    return -1;
 }
 
 double median(QList<double> values)

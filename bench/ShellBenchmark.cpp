@@ -5,6 +5,7 @@
 #include "AppDelegate.h"
 #include "DemoProfile.h"
 #include "PanelController.h"
+#include "ResidentMemory.h"
 #include "ThemeSingleton.h"
 #include "TrayItem.h"
 
@@ -25,18 +26,6 @@ Q_IMPORT_QML_PLUGIN(Pitchlark_AppPlugin)
 namespace {
 
 constexpr int settleMilliseconds = 3000;
-
-long residentKilobytes()
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return -1;
-    for (QByteArray line = status.readLine(); !line.isEmpty(); line = status.readLine()) {
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).trimmed().split(' ').constFirst().toLong();
-    }
-    return -1;
-}
 
 void after(int milliseconds, const std::function<void()> &step)
 {

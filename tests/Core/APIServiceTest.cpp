@@ -11,6 +11,8 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include "FetchAndWait.h"
 #include <QTimeZone>
 
 #include <QCoro/QCoroTask>
@@ -51,21 +53,6 @@ private:
 namespace {
 
 const QByteArray goodGames = R"({"games":[{"id":"1","home_team_id":"1","away_team_id":"2"}]})";
-
-// QCoro::waitFor() wants a default-constructible result, which a Result deliberately is not.
-template<typename Envelope>
-Result<Envelope, FetchError> fetch(APIService &service, const QString &path)
-{
-    std::optional<Result<Envelope, FetchError>> result;
-    QEventLoop loop;
-    auto continuation = service.decode<Envelope>(path).then([&](Result<Envelope, FetchError> &&value) {
-        result.emplace(std::move(value));
-        loop.quit();
-    });
-    if (!result)
-        loop.exec();
-    return std::move(*result);
-}
 
 // A peer that accepts one connection and then misbehaves in one way.
 class MisbehavingPeer : public QTcpServer {
@@ -145,7 +132,7 @@ QByteArray APIServiceTest::readFile(const QString &path)
 void APIServiceTest::requestIsPlainJsonGet()
 {
     serve(200, goodGames);
-    QVERIFY(fetch<APIGamesResponse>(*m_service, APIService::gamesPath));
+    QVERIFY(fetchAndWait<APIGamesResponse>(*m_service, APIService::gamesPath));
     QCOMPARE(m_methods, QList{QHttpServerRequest::Method::Get});
     QCOMPARE(m_acceptHeaders, QList<QByteArray>{"application/json"});
 
@@ -187,7 +174,7 @@ void APIServiceTest::answers()
     QFETCH(bool, decodeError);
 
     serve(status, body);
-    const auto result = fetch<APIGamesResponse>(*m_service, APIService::gamesPath);
+    const auto result = fetchAndWait<APIGamesResponse>(*m_service, APIService::gamesPath);
     const bool succeeds = appError.isEmpty() && !decodeError;
     QCOMPARE(result.ok(), succeeds);
     // Only a body that decoded is kept, exactly as it was sent.
@@ -206,19 +193,19 @@ void APIServiceTest::failedFetchKeepsLastGoodBodyByteForByte()
 {
     const QByteArray first = "{ \"teams\" : [ {\"id\":\"1\",\"name_en\":\"Mexico\"} ] }\n";
     serve(200, first);
-    QVERIFY(fetch<APITeamsResponse>(*m_service, APIService::teamsPath));
+    QVERIFY(fetchAndWait<APITeamsResponse>(*m_service, APIService::teamsPath));
 
     for (const auto &[status, body] : {std::pair{200, QByteArray(R"({"teams":[1,2]})")},
                                        std::pair{200, QByteArray(R"({"teams":[{"id":"1"})")},
                                        std::pair{500, QByteArray("oops")}, std::pair{429, QByteArray()}}) {
         serve(status, body);
-        QVERIFY(!fetch<APITeamsResponse>(*m_service, APIService::teamsPath));
+        QVERIFY(!fetchAndWait<APITeamsResponse>(*m_service, APIService::teamsPath));
         QCOMPARE(readFile(cacheFile(APIService::teamsPath)), first);
     }
 
     const QByteArray second = R"([{"id":"2","name_en":"South Africa"}])";
     serve(200, second);
-    const auto teams = fetch<APITeamsResponse>(*m_service, APIService::teamsPath);
+    const auto teams = fetchAndWait<APITeamsResponse>(*m_service, APIService::teamsPath);
     QVERIFY(teams);
     QCOMPARE(teams->teams.constFirst().nameEn, QStringLiteral("South Africa"));
     QCOMPARE(readFile(cacheFile(APIService::teamsPath)), second);
@@ -247,7 +234,7 @@ void APIServiceTest::transportFailures()
     qputenv("WC_API_BASE_URL", QByteArray("http://127.0.0.1:") + QByteArray::number(peer.serverPort()));
     APIService service(std::chrono::milliseconds(300)); // short, so the time-out case doesn't wait 25 s
 
-    const auto result = fetch<APIGamesResponse>(service, APIService::gamesPath);
+    const auto result = fetchAndWait<APIGamesResponse>(service, APIService::gamesPath);
     QVERIFY(!result);
     QVERIFY(result.error().transportError());
     QCOMPARE(result.error().transportError()->code, expected);

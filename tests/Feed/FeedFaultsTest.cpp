@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "FetchAndWait.h"
+
 // Every fault of the replay service over real HTTP, as the app's own client meets it, and the control
 // endpoint that sets them.
 class FeedFaultsTest : public QObject {
@@ -37,21 +39,6 @@ private:
 };
 
 namespace {
-
-// QCoro::waitFor() wants a default-constructible result, which a Result is not.
-template<typename Envelope>
-Result<Envelope, FetchError> fetch(APIService &service, const QString &path)
-{
-    std::optional<Result<Envelope, FetchError>> result;
-    QEventLoop loop;
-    auto continuation = service.decode<Envelope>(path).then([&](Result<Envelope, FetchError> &&value) {
-        result.emplace(std::move(value));
-        loop.quit();
-    });
-    if (!result)
-        loop.exec();
-    return std::move(*result);
-}
 
 // One line for what the app got: "104 games", or which failure it was.
 template<typename Envelope, typename List>
@@ -84,14 +71,14 @@ void FeedFaultsTest::init()
 
 QString FeedFaultsTest::fetchGames()
 {
-    return outcome(fetch<APIGamesResponse>(*m_service, APIService::gamesPath), &APIGamesResponse::games,
-                   "games");
+    return outcome(fetchAndWait<APIGamesResponse>(*m_service, APIService::gamesPath),
+                   &APIGamesResponse::games, "games");
 }
 
 QString FeedFaultsTest::fetchTeams()
 {
-    return outcome(fetch<APITeamsResponse>(*m_service, APIService::teamsPath), &APITeamsResponse::teams,
-                   "teams");
+    return outcome(fetchAndWait<APITeamsResponse>(*m_service, APIService::teamsPath),
+                   &APITeamsResponse::teams, "teams");
 }
 
 QJsonObject FeedFaultsTest::faults() const
