@@ -1,11 +1,13 @@
 #include "AppDelegate.h"
 
+#include "AppcastUpdater.h"
 #include "DebugHooks.h"
 #include "FlagCache.h"
 #include "GlassImages.h"
 #include "PanelController.h"
 #include "State/SettingsKeys.h"
 #include "TrayItem.h"
+#include "UpdateController.h"
 
 #include <QGuiApplication>
 #include <QPointer>
@@ -13,7 +15,9 @@
 #include <QTimer>
 
 AppDelegate::AppDelegate(AppModel::Services services, QObject *parent)
-    : QObject(parent), m_model(std::move(services))
+    : QObject(parent), m_model(std::move(services)),
+      m_updates(std::make_unique<UpdateController>(
+          std::make_unique<AppcastUpdater>(AppcastUpdater::Options::fromEnvironment())))
 {
     // Qt 6.4 compiles QML modules into the resources under their URI's path.
     m_engine.addImportPath(QStringLiteral("qrc:/"));
@@ -26,7 +30,7 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::launch(std::unique_ptr<TrayItem> tray)
 {
     m_tray = std::move(tray);
-    m_panel = std::make_unique<PanelController>(m_model, m_engine);
+    m_panel = std::make_unique<PanelController>(m_model, m_engine, m_updates.get());
     if (m_tray) {
         connect(m_tray.get(), &TrayItem::activated, this,
                 [this](const QPoint &position) { togglePanel(position); });

@@ -11,6 +11,7 @@
 
 class PanelController;
 class TrayItem;
+class UpdateController;
 
 // The tray application: owns the model, the tray item and the panel for the whole run, mirrors the
 // model's title into the tray, routes the tray's requests, and carries the launch-time debug hooks.
@@ -30,6 +31,7 @@ public:
 
     AppModel &model() { return m_model; }
     PanelController *panel() const { return m_panel.get(); }
+    UpdateController &updates() { return *m_updates; }
     void togglePanel(const QPoint &position = {});
 
 private:
@@ -42,6 +44,7 @@ private:
 
     AppModel m_model;
     QQmlEngine m_engine;
+    std::unique_ptr<UpdateController> m_updates;
     std::unique_ptr<TrayItem> m_tray;
     std::unique_ptr<PanelController> m_panel;
     const QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();

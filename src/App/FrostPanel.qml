@@ -10,6 +10,8 @@ Window {
     id: panel
 
     required property QtObject model
+    // The update controller; null where the program runs without one.
+    property QtObject updates
     property real blur: 0.78
     property real tintHue: 0.58
     property real tint: 0.1
@@ -86,5 +88,6 @@ Window {
     RootPanelView {
         anchors.fill: parent
         model: panel.model
+        updates: panel.updates
     }
 }

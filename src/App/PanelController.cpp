@@ -25,8 +25,8 @@ bool pinnedOpen()
 
 } // namespace
 
-PanelController::PanelController(AppModel &model, QQmlEngine &engine, QObject *parent)
-    : QObject(parent), m_model(model), m_engine(engine)
+PanelController::PanelController(AppModel &model, QQmlEngine &engine, QObject *updates, QObject *parent)
+    : QObject(parent), m_model(model), m_engine(engine), m_updates(updates)
 {
     m_releaseTimer.setSingleShot(true);
     m_releaseTimer.setInterval(releaseAfter);
@@ -55,8 +55,9 @@ void PanelController::build()
     component.setData("import Pitchlark.App\nFrostPanel {}", QUrl());
     if (!component.isReady())
         qFatal("The panel could not be built: %s", qPrintable(component.errorString()));
-    QObject *root =
-        component.createWithInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)}});
+    QObject *root = component.createWithInitialProperties(
+        {{QStringLiteral("model"), QVariant::fromValue(&m_model)},
+         {QStringLiteral("updates"), QVariant::fromValue(m_updates.data())}});
     m_window.reset(qobject_cast<QQuickWindow *>(root));
     if (!m_window)
         qFatal("The panel could not be built: %s", qPrintable(component.errorString()));

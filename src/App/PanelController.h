@@ -32,7 +32,10 @@ public:
     // A panel left hidden this long gives its scene back; the next show builds it again.
     static constexpr std::chrono::milliseconds releaseAfter{20'000};
 
-    PanelController(AppModel &model, QQmlEngine &engine, QObject *parent = nullptr);
+    // updates is the program's update controller, for the settings screen and the update modal; absent
+    // in tests that need neither.
+    PanelController(AppModel &model, QQmlEngine &engine, QObject *updates = nullptr,
+                    QObject *parent = nullptr);
     ~PanelController() override;
 
     // The panel's frame on a screen whose area without panels and docks is available.
@@ -61,6 +64,7 @@ private:
 
     AppModel &m_model;
     QQmlEngine &m_engine;
+    QPointer<QObject> m_updates;
     std::unique_ptr<QQuickWindow> m_window;
     std::unique_ptr<QPropertyAnimation> m_fade;
     QTimer m_releaseTimer;

@@ -6,6 +6,7 @@ Item {
     id: root
 
     required property QtObject model
+    property QtObject updates
     // Pages the row is shifted by: one per route on the stack.
     readonly property int navDepth: model.detailStack.length
 
@@ -35,6 +36,7 @@ Item {
                 width: root.width
                 height: root.height
                 model: root.model
+                updates: root.updates
                 route: modelData
             }
         }

@@ -1,4 +1,5 @@
 import QtQuick
+import Pitchlark.Features
 
 // The current section's screen.
 Loader {
@@ -7,7 +8,13 @@ Loader {
     required property QtObject model
     required property string section
 
-    sourceComponent: ({ fixtures: fixtures, standings: standings })[section] ?? placeholder
+    sourceComponent: ({
+                          fixtures: fixtures,
+                          standings: standings,
+                          teams: teams,
+                          stadiums: stadiums,
+                          favorites: favorites
+                      })[section]
 
     Component {
         id: fixtures
@@ -17,9 +24,16 @@ Loader {
         id: standings
         StandingsScreen { model: screen.model }
     }
-    // The sections still to come keep an empty page.
     Component {
-        id: placeholder
-        Item {}
+        id: teams
+        TeamsScreen { model: screen.model }
+    }
+    Component {
+        id: stadiums
+        StadiumsScreen { model: screen.model }
+    }
+    Component {
+        id: favorites
+        FavoritesScreen { model: screen.model }
     }
 }

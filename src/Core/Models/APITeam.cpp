@@ -1,6 +1,8 @@
 #include "APITeam.h"
 
 #include "FeedDecoding.h"
+#include "Support/TextMemo.h"
+#include "Support/WCFormatters.h"
 
 using FeedDecoding::text;
 
@@ -14,4 +16,10 @@ APITeam APITeam::fromJson(const QJsonObject &object)
     team.iso2 = text(object, QLatin1StringView("iso2"), team.iso2);
     team.groups = text(object, QLatin1StringView("groups"), team.groups);
     return team;
+}
+
+QString APITeam::flagEmoji() const
+{
+    static TextMemo<QString> emojiByCode;
+    return emojiByCode.get(iso2, ::flagEmoji);
 }

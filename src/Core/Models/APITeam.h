@@ -13,6 +13,8 @@ struct APITeam {
     Q_PROPERTY(QString fifaCode MEMBER fifaCode)
     Q_PROPERTY(QString iso2 MEMBER iso2)
     Q_PROPERTY(QString groups MEMBER groups)
+    // The flag as emoji, for when the image cannot be shown.
+    Q_PROPERTY(QString flagEmoji READ flagEmoji)
 
 public:
     QString id;
@@ -23,6 +25,7 @@ public:
     QString groups;
 
     static APITeam fromJson(const QJsonObject &object);
+    QString flagEmoji() const;
 
     friend bool operator==(const APITeam &, const APITeam &) = default;
 };

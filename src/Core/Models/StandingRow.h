@@ -12,6 +12,7 @@ struct StandingRow {
     Q_PROPERTY(QString team MEMBER team)
     Q_PROPERTY(QString code MEMBER code)
     Q_PROPERTY(QUrl flagURL MEMBER flagURL)
+    Q_PROPERTY(QString flagEmoji MEMBER flagEmoji)
     Q_PROPERTY(int played MEMBER played)
     Q_PROPERTY(int won MEMBER won)
     Q_PROPERTY(int drawn MEMBER drawn)
@@ -27,6 +28,7 @@ public:
     QString team;
     QString code;
     QUrl flagURL;
+    QString flagEmoji;
     int played = 0;
     int won = 0;
     int drawn = 0;

@@ -13,6 +13,7 @@ struct TeamSearchResult {
     Q_PROPERTY(QString name MEMBER name)
     Q_PROPERTY(QString code MEMBER code)
     Q_PROPERTY(QUrl flagURL MEMBER flagURL)
+    Q_PROPERTY(QString flagEmoji MEMBER flagEmoji)
     Q_PROPERTY(QVariant groupLabel READ groupLabelValue)
 
 public:
@@ -20,6 +21,7 @@ public:
     QString name;
     QString code;
     QUrl flagURL;
+    QString flagEmoji;
     std::optional<QString> groupLabel;
 
     QVariant groupLabelValue() const { return groupLabel ? QVariant(*groupLabel) : QVariant(); }

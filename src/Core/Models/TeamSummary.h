@@ -10,12 +10,14 @@ struct TeamSummary {
     Q_PROPERTY(QString name MEMBER name)
     Q_PROPERTY(QString code MEMBER code)
     Q_PROPERTY(QUrl flagURL MEMBER flagURL)
+    Q_PROPERTY(QString flagEmoji MEMBER flagEmoji)
 
 public:
     QString id;
     QString name;
     QString code;
     QUrl flagURL;
+    QString flagEmoji;
 
     friend bool operator==(const TeamSummary &, const TeamSummary &) = default;
 };

@@ -77,6 +77,8 @@ class AppModel : public QObject {
     // The live matches in tray order; rebuilt with the title, so it shares the title's signal.
     Q_PROPERTY(QList<Match> liveMatches READ liveMatchesCache NOTIFY trayTitleChanged)
     Q_PROPERTY(QStringList allGroups READ allGroups CONSTANT)
+    // The followed teams by name; rebuilt with the other caches, which signal it.
+    Q_PROPERTY(QList<TeamSummary> favoriteTeams READ favoriteTeamsCache NOTIFY favoriteTeamsChanged)
 
 public:
     static constexpr std::chrono::milliseconds poppingRouteLifetime{550};
@@ -203,6 +205,12 @@ public:
     QSet<QDateTime> computeContestedKickoffs() const;
     Q_INVOKABLE bool isConcurrentMatch(const Match &match) const;
     Q_INVOKABLE QList<Match> matchesForStadiumID(const QString &stadiumID) const;
+    // The followed teams' matches: running ones, then those to come by kick-off, then results, latest
+    // first.
+    Q_INVOKABLE QList<Match> favoriteMatches() const;
+    // Where the data comes from, and when the data on disk was last written (invalid when none is).
+    Q_INVOKABLE QString dataServiceURL() const { return APIService::baseURL(); }
+    Q_INVOKABLE QDateTime cachedDataTime() const;
     QList<APIStadium> allStadiumsSorted() const;
     QList<APITeam> allTeamsSorted() const;
     std::optional<QString> groupLabel(const QString &teamID) const;
@@ -224,6 +232,7 @@ public:
 
 signals:
     void matchesChanged();
+    void favoriteTeamsChanged();
     void standingsChanged();
     void isLoadingChanged();
     void errorMessageChanged();

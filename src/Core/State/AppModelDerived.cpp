@@ -28,6 +28,7 @@ void AppModel::rebuildGlobalCaches()
         favorites.append(teamSummary(teamID));
     m_favoriteTeamsCache =
         stablySorted(favorites, [](const TeamSummary &a, const TeamSummary &b) { return a.name < b.name; });
+    emit favoriteTeamsChanged();
 
     m_contestedKickoffsCache = computeContestedKickoffs();
 
@@ -190,12 +191,40 @@ std::optional<Match> AppModel::trayMatch(const QList<Match> &live) const
     return std::nullopt;
 }
 
+QList<Match> AppModel::favoriteMatches() const
+{
+    QList<Match> running;
+    QList<Match> coming;
+    QList<Match> results;
+    for (const Match &match : m_allMatches) {
+        if (!involvesFavorite(match))
+            continue;
+        if (isLive(match.status))
+            running.append(match);
+        else if (match.status == MatchStatus::finished)
+            results.append(match);
+        else
+            coming.append(match);
+    }
+    running = stablySorted(running, [this](const Match &a, const Match &b) { return fixtureListSort(a, b); });
+    coming = stablySorted(coming, &AppModel::sortMatchesByKickoff);
+    results =
+        stablySorted(results, [](const Match &a, const Match &b) { return sortMatchesByKickoff(b, a); });
+    return running + coming + results;
+}
+
+QDateTime AppModel::cachedDataTime() const
+{
+    return m_api->cacheTimestamp().value_or(QDateTime());
+}
+
 TeamSummary AppModel::teamSummary(const QString &teamID) const
 {
     const auto team = m_teamsByID.constFind(teamID);
     if (team == m_teamsByID.constEnd())
         return TeamSummary{teamID, QStringLiteral("Team ") + teamID, {}, {}};
-    return TeamSummary{teamID, team->nameEn, team->fifaCode, Normalization::flagURL(*team)};
+    return TeamSummary{teamID, team->nameEn, team->fifaCode, Normalization::flagURL(*team),
+                       team->flagEmoji()};
 }
 
 QList<TeamSearchResult> AppModel::teamSearchResults() const
@@ -214,7 +243,7 @@ QList<TeamSearchResult> AppModel::teamSearchResults() const
     QList<TeamSearchResult> results;
     for (const APITeam &team : found.first(std::min(found.size(), maximumResults)))
         results.append(TeamSearchResult{team.id, team.nameEn, team.fifaCode, Normalization::flagURL(team),
-                                        groupLabel(team.id)});
+                                        team.flagEmoji(), groupLabel(team.id)});
     return results;
 }
 

@@ -14,8 +14,7 @@ namespace {
 
 QString flagEmojiOf(const APITeam *team)
 {
-    static TextMemo<QString> emojiByCode;
-    return team ? emojiByCode.get(team->iso2, flagEmoji) : QString();
+    return team ? team->flagEmoji() : QString();
 }
 
 const APITeam *find(const TeamTable &teams, const QString &id)
@@ -96,6 +95,7 @@ GroupStanding normalizeStanding(const APIGroup &group, const TeamTable &teamsByI
         row.team = team ? team->nameEn : QStringLiteral("TBD");
         row.code = team ? team->fifaCode : QString();
         row.flagURL = team ? flagURL(*team) : QUrl();
+        row.flagEmoji = flagEmojiOf(team);
         row.played = count(feedRow.played);
         row.won = count(feedRow.won);
         row.drawn = count(feedRow.drawn);

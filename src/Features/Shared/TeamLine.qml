@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // One side of a match card: flag, name, follow star and score. The side that lost a finished match
 // steps back to the secondary ink.

@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // The group tables: a picker over the twelve groups, then the chosen group's table with its
 // qualification places and their legend. Before the tables arrive, a calm note instead.
@@ -8,15 +9,6 @@ Item {
 
     required property QtObject model
     readonly property var group: model.standings.find(standing => standing.group === model.selectedGroup)
-    // Standing rows carry no emoji; the matches do, for when a flag image cannot be loaded.
-    readonly property var emojiByTeam: {
-        const emojis = {};
-        for (const match of model.allMatches) {
-            emojis[match.homeTeamID] = match.homeFlagEmoji;
-            emojis[match.awayTeamID] = match.awayFlagEmoji;
-        }
-        return emojis;
-    }
     readonly property int rowHeight: 36
 
     SectionSwitcher {
@@ -81,7 +73,6 @@ Item {
                             height: screen.rowHeight
                             model: screen.model
                             standing: modelData
-                            emoji: screen.emojiByTeam[modelData.teamID] ?? ""
                         }
                     }
                 }

@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // One match in the fixtures list: its round, status and pin on top, the two sides with their scores,
 // and when and where it is played. A click opens the match.

@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // The top of the section page: the section's title, the status line, the live pill and two buttons.
 Item {

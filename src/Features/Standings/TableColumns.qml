@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // The columns of a group table, shared by its heading and its rows so that they line up: place, flag,
 // team, seven figures (played, won, drawn, lost, for, against, difference) and points.

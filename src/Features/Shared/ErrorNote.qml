@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // The service's error, on a card tinted red, above whatever the screen still shows from before.
 GlassCard {

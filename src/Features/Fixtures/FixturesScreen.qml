@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 import "DayKeys.js" as DayKeys
 
 // The day's matches: the date strip, the team filter when one is set, a heading, then one card per match

@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // Says that the list holds one team's matches, with a control that goes back to the day's fixtures.
 GlassCard {

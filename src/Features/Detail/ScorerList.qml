@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // One side's scorers, in the feed's order, aligned towards that side.
 Column {

@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // One team's line in a group table. A coloured bar marks the places that go through; the rows of
 // followed teams are tinted. A click opens the team.
@@ -8,7 +9,6 @@ Pressable {
 
     required property QtObject model
     required property var standing
-    property string emoji
     readonly property bool followed: model.favoriteTeamIDs.indexOf(standing.teamID) >= 0
     readonly property color placeColor: standing.position <= 2 ? Theme.qualGreen
                                         : standing.position === 3 ? Theme.playoffAmber : "transparent"
@@ -40,7 +40,7 @@ Pressable {
         FlagView {
             anchors.centerIn: parent
             source: row.standing.flagURL
-            emoji: row.emoji
+            emoji: row.standing.flagEmoji
             code: row.standing.code
         }
         team: row.standing.team

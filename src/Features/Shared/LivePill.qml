@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // How many matches are running, on the pulsing live tag.
 LiveTag {

@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // A match's own page: the round and kick-off, a large scoreline between the two teams, the scorers and
 // the venue. An id that is not in the schedule gets a clear note instead.

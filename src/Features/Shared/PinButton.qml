@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // The pin that puts one match's score in the menu bar, filled while that match is pinned.
 GlyphButton {

@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // Says that a match kicks off together with another one, so the two are followed side by side.
 Rectangle {

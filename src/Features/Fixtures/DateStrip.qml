@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 import "DayKeys.js" as DayKeys
 
 // Two weeks of days around today, each a tile with its weekday and day number; today carries a dot.

@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // One team at the top of the match page: a large flag and the name, which open the team, and the
 // follow star under them.

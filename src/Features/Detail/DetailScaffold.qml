@@ -1,5 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // The frame of every detail page: a back button and the title, with the page's content below.
 Item {

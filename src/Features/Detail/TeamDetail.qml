@@ -1,0 +1,6 @@
+import QtQuick
+
+Item {
+    required property QtObject model
+    required property string teamID
+}
