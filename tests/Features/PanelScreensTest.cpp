@@ -1,85 +1,12 @@
-#include "FeedServer.h"
-#include "GlassImages.h"
-#include "ModelFixture.h"
-#include "PanelController.h"
+#include "PanelHarness.h"
 
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QQmlEngine>
-#include <QQuickItem>
-#include <QQuickWindow>
 #include <QTest>
-#include <QtQml/QQmlExtensionPlugin>
-
-#include <QCoro/QCoroTask>
-
-Q_IMPORT_QML_PLUGIN(Pitchlark_DesignSystemPlugin)
-Q_IMPORT_QML_PLUGIN(Pitchlark_FeaturesPlugin)
-Q_IMPORT_QML_PLUGIN(Pitchlark_AppPlugin)
 
 namespace {
-
-const QDateTime frozenAt{QDate(2026, 6, 27), QTime(21, 30), QTimeZone::utc()};
-
-// The real panel over a real model fed by an in-process replay frozen at one instant.
-class Panel {
-public:
-    Panel(const Tournament &tournament, QQmlEngine &engine)
-        : m_feed(tournament, TournamentClock::frozen(frozenAt)),
-          m_fixture(QStringLiteral("http://127.0.0.1:%1").arg(m_feed.listen()))
-    {
-        model = m_fixture.makeModel([] { return frozenAt; });
-        QCoro::waitFor(model->fetchAll());
-        m_controller = std::make_unique<PanelController>(*model, engine);
-        m_controller->show();
-        window = m_controller->window();
-    }
-
-    QString settingsPath() const { return m_fixture.settingsPath(); }
-
-    // The visible item of that name, searched through the drawn tree (Loaders and Repeaters included).
-    QQuickItem *item(const QString &name) const { return find(window->contentItem(), name); }
-
-    void click(const QString &name) const
-    {
-        QQuickItem *target = item(name);
-        QVERIFY2(target, qPrintable(name));
-        const QPointF centre = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
-        QTest::mouseClick(window, Qt::LeftButton, {}, centre.toPoint());
-    }
-
-    std::unique_ptr<AppModel> model;
-    QQuickWindow *window = nullptr;
-
-private:
-    static QQuickItem *find(QQuickItem *item, const QString &name)
-    {
-        if (!item->isVisible())
-            return nullptr;
-        if (item->objectName() == name)
-            return item;
-        for (QQuickItem *child : item->childItems()) {
-            if (QQuickItem *found = find(child, name))
-                return found;
-        }
-        return nullptr;
-    }
-
-    FeedServer m_feed;
-    ModelFixture m_fixture;
-    std::unique_ptr<PanelController> m_controller;
-};
-
-// Every Text item under the panel, for checks that sweep the whole tree.
-void collectTexts(QQuickItem *item, QList<QQuickItem *> &texts)
-{
-    if (item->inherits("QQuickText"))
-        texts.append(item);
-    for (QQuickItem *child : item->childItems())
-        collectTexts(child, texts);
-}
 
 QStringList cardOrder(const Panel &panel)
 {
@@ -130,8 +57,7 @@ private:
 
 void PanelScreensTest::initTestCase()
 {
-    m_engine.addImportPath(QStringLiteral("qrc:/"));
-    m_engine.addImageProvider(QStringLiteral("glass"), new GlassImageProvider);
+    Panel::prepareEngine(m_engine);
 }
 
 void PanelScreensTest::init()

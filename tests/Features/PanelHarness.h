@@ -1,0 +1,91 @@
+#pragma once
+
+#include "FeedServer.h"
+#include "GlassImages.h"
+#include "ModelFixture.h"
+#include "PanelController.h"
+
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+#include <QtQml/QQmlExtensionPlugin>
+
+#include <QCoro/QCoroTask>
+
+#include <memory>
+
+// The panel tests' harness: the real panel over a real model fed by an in-process replay. Include it
+// in one source file per test program, since it imports the QML plugins.
+Q_IMPORT_QML_PLUGIN(Pitchlark_DesignSystemPlugin)
+Q_IMPORT_QML_PLUGIN(Pitchlark_FeaturesPlugin)
+Q_IMPORT_QML_PLUGIN(Pitchlark_AppPlugin)
+
+inline const QDateTime frozenAt{QDate(2026, 6, 27), QTime(21, 30), QTimeZone::utc()};
+
+// The real panel over a real model fed by an in-process replay frozen at one instant.
+class Panel {
+public:
+    // updates is the update controller handed to the panel, or none.
+    Panel(const Tournament &tournament, QQmlEngine &engine, QObject *updates = nullptr,
+          const QDateTime &at = frozenAt)
+        : m_feed(tournament, TournamentClock::frozen(at)),
+          m_fixture(QStringLiteral("http://127.0.0.1:%1").arg(m_feed.listen()))
+    {
+        model = m_fixture.makeModel([at] { return at; });
+        QCoro::waitFor(model->fetchAll());
+        m_controller = std::make_unique<PanelController>(*model, engine, updates);
+        m_controller->show();
+        window = m_controller->window();
+    }
+
+    // What the program does to its engine before the first panel.
+    static void prepareEngine(QQmlEngine &engine)
+    {
+        engine.addImportPath(QStringLiteral("qrc:/"));
+        engine.addImageProvider(QStringLiteral("glass"), new GlassImageProvider);
+    }
+
+    QString settingsPath() const { return m_fixture.settingsPath(); }
+
+    // The visible item of that name, searched through the drawn tree (Loaders and Repeaters included).
+    QQuickItem *item(const QString &name) const { return find(window->contentItem(), name); }
+
+    void click(const QString &name) const
+    {
+        QQuickItem *target = item(name);
+        QVERIFY2(target, qPrintable(name));
+        const QPointF centre = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
+        QTest::mouseClick(window, Qt::LeftButton, {}, centre.toPoint());
+    }
+
+    std::unique_ptr<AppModel> model;
+    QQuickWindow *window = nullptr;
+
+private:
+    static QQuickItem *find(QQuickItem *item, const QString &name)
+    {
+        if (!item->isVisible())
+            return nullptr;
+        if (item->objectName() == name)
+            return item;
+        for (QQuickItem *child : item->childItems()) {
+            if (QQuickItem *found = find(child, name))
+                return found;
+        }
+        return nullptr;
+    }
+
+    FeedServer m_feed;
+    ModelFixture m_fixture;
+    std::unique_ptr<PanelController> m_controller;
+};
+
+// Every Text item under the panel, for checks that sweep the whole tree.
+inline void collectTexts(QQuickItem *item, QList<QQuickItem *> &texts)
+{
+    if (item->inherits("QQuickText"))
+        texts.append(item);
+    for (QQuickItem *child : item->childItems())
+        collectTexts(child, texts);
+}
