@@ -3,6 +3,9 @@
 #include "PitchlarkVersion.h"
 #include "StatusCommand.h"
 
+#include "Notifications/FreedesktopNotificationSender.h"
+#include "State/BackgroundPortalLoginItem.h"
+
 #include "SingleInstance.h"
 #include "ThemeSingleton.h"
 #include "TrayFactory.h"
@@ -81,6 +84,9 @@ int runTrayApp(int argc, char *argv[])
 
     DemoProfile demoProfile;
     AppModel::Services services;
+    services.notifications = std::make_unique<FreedesktopNotificationSender>();
+    if (insideFlatpak())
+        services.loginItem = std::make_unique<BackgroundPortalLoginItem>();
     services.applyTint = [](double hue, double strength) {
         ThemeSingleton::instance()->apply(hue, strength);
     };

@@ -1,25 +1,38 @@
+#include "FakeDesktopPortal.h"
 #include "ModelFixture.h"
+#include "State/BackgroundPortalLoginItem.h"
 #include "State/XdgAutostartLoginItem.h"
 
 #include <QFile>
 #include <QTest>
 
-// Start at login through a real autostart entry in a temporary XDG config folder, and how the model
-// shows each state under the settings switch.
+// Start at login through a real autostart entry in a temporary XDG config folder, or through the
+// Background portal on a private session bus, and how the model shows each state under the switch.
 class LoginItemTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void init();
     void existingEntry_data();
     void existingEntry();
     void registerAndUnregister();
     void noStablePathIsUnavailable();
     void failureTextReplacesTheHint();
+    void portalAnswer_data();
+    void portalAnswer();
+    void portalGrantOutlivesTheProgram();
 
 private:
     std::unique_ptr<ModelFixture> m_fixture;
+    FakeDesktopPortal m_portal;
 };
+
+void LoginItemTest::initTestCase()
+{
+    QVERIFY2(QDBusConnection::sessionBus().isConnected(), "no session bus: run under dbus-run-session");
+    QVERIFY(m_portal.publish());
+}
 
 void LoginItemTest::init()
 {
@@ -99,6 +112,58 @@ void LoginItemTest::failureTextReplacesTheHint()
     QVERIFY(!model.startAtLoginEnabled());
     QVERIFY(model.startAtLoginStatusMessage());
     QVERIFY(!model.startAtLoginStatusMessage()->isEmpty());
+}
+
+void LoginItemTest::portalAnswer_data()
+{
+    QTest::addColumn<FakeDesktopPortal::BackgroundAnswer>("answer");
+    QTest::addColumn<bool>("switchOn");
+    QTest::addColumn<QString>("message");
+
+    const QString none;
+    // clang-format off
+    QTest::newRow("granted") << FakeDesktopPortal::BackgroundAnswer::grant << true << none;
+    QTest::newRow("denied") << FakeDesktopPortal::BackgroundAnswer::deny << false << none;
+    QTest::newRow("waiting for the user") << FakeDesktopPortal::BackgroundAnswer::none << true
+        << QString("Approve Pitchlark in System Settings › Login Items.");
+    // clang-format on
+}
+
+void LoginItemTest::portalAnswer()
+{
+    QFETCH(FakeDesktopPortal::BackgroundAnswer, answer);
+    m_portal.backgroundAnswer = answer;
+    m_portal.backgroundRequests.clear();
+    APIService api;
+    AppModel::Services services;
+    services.api = &api;
+    services.loginItem = std::make_unique<BackgroundPortalLoginItem>();
+    AppModel model(std::move(services));
+    QVERIFY(!model.startAtLoginEnabled());
+
+    model.updateStartAtLogin(true);
+    QTRY_COMPARE(m_portal.backgroundRequests.size(), 1);
+    QCOMPARE(m_portal.backgroundRequests.constFirst().value(QStringLiteral("autostart")), QVariant(true));
+    // The answer comes later, as a signal; the switch and its hint follow it.
+    QFETCH(QString, message);
+    QTRY_COMPARE(model.startAtLoginStatusMessage().value_or(QString()), message);
+    QFETCH(bool, switchOn);
+    QTRY_COMPARE(model.startAtLoginEnabled(), switchOn);
+}
+
+void LoginItemTest::portalGrantOutlivesTheProgram()
+{
+    m_portal.backgroundAnswer = FakeDesktopPortal::BackgroundAnswer::grant;
+    {
+        BackgroundPortalLoginItem item;
+        QCOMPARE(item.registerItem(), std::nullopt);
+        QTRY_COMPARE(item.status(), LoginItem::Status::enabled);
+    }
+    BackgroundPortalLoginItem restarted;
+    QCOMPARE(restarted.status(), LoginItem::Status::enabled);
+    QCOMPARE(restarted.unregisterItem(), std::nullopt);
+    QTRY_COMPARE(restarted.status(), LoginItem::Status::notRegistered);
+    QCOMPARE(m_portal.backgroundRequests.constLast().value(QStringLiteral("autostart")), QVariant(false));
 }
 
 QTEST_GUILESS_MAIN(LoginItemTest)

@@ -1,3 +1,4 @@
+#include "FakeDesktopPortal.h"
 #include "ModelFixture.h"
 #include "Notifications/FreedesktopNotificationSender.h"
 
@@ -41,9 +42,11 @@ private slots:
     void notificationFields_data();
     void notificationFields();
     void modelAlertReachesServer();
+    void sandboxedAlertGoesThroughThePortal();
 
 private:
     NotificationServer m_server;
+    FakeDesktopPortal m_portal;
 };
 
 void NotificationsTest::initTestCase()
@@ -53,6 +56,7 @@ void NotificationsTest::initTestCase()
     QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/Notifications"), &m_server,
                                QDBusConnection::ExportAllSlots));
     QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.Notifications")));
+    QVERIFY(m_portal.publish());
 }
 
 void NotificationsTest::notificationFields_data()
@@ -116,6 +120,21 @@ void NotificationsTest::modelAlertReachesServer()
         m_server.received.at(1).hints.value(QStringLiteral("x-pitchlark-request-id")).toString();
     QVERIFY2(QRegularExpression(QStringLiteral("^1-Goal!-[0-9A-F]{4}$")).match(requestID).hasMatch(),
              qPrintable(requestID));
+}
+
+void NotificationsTest::sandboxedAlertGoesThroughThePortal()
+{
+    FreedesktopNotificationSender sender(FreedesktopNotificationSender::Route::portal);
+    sender.send(QStringLiteral("1-Goal!-AB12"), QStringLiteral("Goal!"),
+                QStringLiteral("Trinidad & Tobago 1 – 0"));
+    QTRY_COMPARE(m_portal.notifications.size(), 1);
+    const auto &[identifier, notification] = m_portal.notifications.constFirst();
+    QCOMPARE(identifier, QStringLiteral("1-Goal!-AB12"));
+    QCOMPARE(notification.value(QStringLiteral("title")).toString(), QStringLiteral("Goal!"));
+    // The portal shows plain text, so nothing is escaped.
+    QCOMPARE(notification.value(QStringLiteral("body")).toString(),
+             QStringLiteral("Trinidad & Tobago 1 – 0"));
+    QVERIFY(m_server.received.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(NotificationsTest)

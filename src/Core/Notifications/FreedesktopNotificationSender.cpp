@@ -1,15 +1,11 @@
 #include "FreedesktopNotificationSender.h"
 
 #include <QDBusMessage>
-#include <QFile>
 #include <QVariantMap>
 
-FreedesktopNotificationSender::FreedesktopNotificationSender(QDBusConnection bus) : m_bus(std::move(bus)) {}
-
-bool FreedesktopNotificationSender::insideFlatpak()
-{
-    return QFile::exists(QStringLiteral("/.flatpak-info"));
-}
+FreedesktopNotificationSender::FreedesktopNotificationSender(Route route, QDBusConnection bus)
+    : m_route(route), m_bus(std::move(bus))
+{}
 
 QString FreedesktopNotificationSender::escapedBody(const QString &body)
 {
@@ -22,7 +18,7 @@ QString FreedesktopNotificationSender::escapedBody(const QString &body)
 
 void FreedesktopNotificationSender::send(const QString &identifier, const QString &title, const QString &body)
 {
-    if (insideFlatpak())
+    if (m_route == Route::portal)
         sendToPortal(identifier, title, body);
     else
         sendToNotificationServer(identifier, title, body);

@@ -35,6 +35,7 @@ AppModel::AppModel(Services services, QObject *parent)
     m_bannerTimer.setInterval(bannerLifetime);
     loadSettings();
     m_applyTint(m_glassTintHue, m_glassTint);
+    m_loginItem->onStatusChange = [this] { refreshStartAtLoginState(); };
     refreshStartAtLoginState();
     hydrateFromCache();
 }

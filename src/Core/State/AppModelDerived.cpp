@@ -222,7 +222,7 @@ TeamSummary AppModel::teamSummary(const QString &teamID) const
 {
     const auto team = m_teamsByID.constFind(teamID);
     if (team == m_teamsByID.constEnd())
-        return TeamSummary{teamID, QStringLiteral("Team ") + teamID, {}, {}};
+        return TeamSummary{teamID, QStringLiteral("Team ") + teamID, {}, {}, {}};
     return TeamSummary{teamID, team->nameEn, team->fifaCode, Normalization::flagURL(*team),
                        team->flagEmoji()};
 }

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 // Registration of the program to start when the user logs in.
@@ -14,4 +15,8 @@ public:
     // Each gives the reason in the system's words when it fails.
     virtual std::optional<QString> registerItem() = 0;
     virtual std::optional<QString> unregisterItem() = 0;
+
+    // Called when the status changes later than the call that asked for it, as when the user answers
+    // a system prompt.
+    std::function<void()> onStatusChange;
 };
