@@ -183,16 +183,20 @@ QString code(const APITeam *team, const QString &fallbackName)
         if (!fifaCode.isEmpty())
             return fifaCode;
     }
-    static const QRegularExpression whiteSpace(QStringLiteral("\\s+"),
-                                               QRegularExpression::UseUnicodePropertiesOption);
-    const QStringList words = fallbackName.split(whiteSpace, Qt::SkipEmptyParts).mid(0, 3);
-    if (words.size() >= 2) {
-        QString initials;
-        for (const QString &word : words)
-            initials += TextParsing::leadingCharacters(word, 1).toUpper();
-        return initials;
-    }
-    return TextParsing::leadingCharacters(fallbackName, 3).toUpper();
+    // Knockout placeholders ("Winner Group A") repeat in every body.
+    static TextMemo<QString> codeByName;
+    return codeByName.get(fallbackName, [](const QString &name) {
+        static const QRegularExpression whiteSpace(QStringLiteral("\\s+"),
+                                                   QRegularExpression::UseUnicodePropertiesOption);
+        const QStringList words = name.split(whiteSpace, Qt::SkipEmptyParts).mid(0, 3);
+        if (words.size() >= 2) {
+            QString initials;
+            for (const QString &word : words)
+                initials += TextParsing::leadingCharacters(word, 1).toUpper();
+            return initials;
+        }
+        return TextParsing::leadingCharacters(name, 3).toUpper();
+    });
 }
 
 std::optional<int> parsedScore(const QString &text, MatchStatus status)

@@ -41,7 +41,11 @@ QString WCFormatters::kickoffTime(const QDateTime &instant) const
     // Every match card shows one, so it skips the general formatter and the zone conversion's copy.
     const qint64 local = instant.toSecsSinceEpoch() + m_zone.offsetFromUtc(instant);
     const qint64 secondOfDay = ((local % 86400) + 86400) % 86400;
-    return QString::asprintf("%02d:%02d", int(secondOfDay / 3600), int(secondOfDay % 3600 / 60));
+    const auto digit = [](qint64 value) { return QChar(u'0' + int(value)); };
+    const qint64 hour = secondOfDay / 3600;
+    const qint64 minute = secondOfDay % 3600 / 60;
+    const QChar text[] = {digit(hour / 10), digit(hour % 10), u':', digit(minute / 10), digit(minute % 10)};
+    return QString(text, std::size(text));
 }
 QString WCFormatters::kickoffFull(const QDateTime &instant) const
 {
