@@ -12,6 +12,26 @@ Item {
     property int topFade: 18
     property int bottomFade: 28
 
+    // Moving the focus with Tab onto a control outside the visible part scrolls it into view.
+    function reveal(item) {
+        let ancestor = item;
+        while (ancestor && ancestor !== body)
+            ancestor = ancestor.parent;
+        if (!ancestor)
+            return;
+        const top = item.mapToItem(flick.contentItem, 0, 0).y;
+        const bottom = top + item.height;
+        if (top < flick.contentY + view.topFade)
+            flick.contentY = Math.max(0, top - view.topFade);
+        else if (bottom > flick.contentY + view.height - view.bottomFade)
+            flick.contentY = Math.min(flick.contentHeight - view.height, bottom - view.height + view.bottomFade);
+    }
+
+    Connections {
+        target: view.Window.window
+        function onActiveFocusItemChanged() { view.reveal(view.Window.activeFocusItem); }
+    }
+
     Flickable {
         id: flick
         anchors.fill: parent

@@ -43,6 +43,7 @@ private slots:
     void choosingADayChangesTheList();
     void cardOpensTheMatchAndBackReturns();
     void starFollowsATeamAndStoresIt();
+    void tabbingScrollsTheFocusIntoView();
     void pinSwitchesTheMenuBarMode();
     void standingsShowTheGroupInOrderAndOpenTeams();
     void unknownMatchSaysNotFound();
@@ -125,6 +126,17 @@ void PanelScreensTest::starFollowsATeamAndStoresIt()
     m_panel->item(star)->forceActiveFocus(Qt::TabFocusReason);
     QTest::keyClick(m_panel->window, Qt::Key_Space);
     QVERIFY(!m_panel->model->isFavorite(teamID));
+}
+
+void PanelScreensTest::tabbingScrollsTheFocusIntoView()
+{
+    QQuickItem *last = m_panel->item(QStringLiteral("matchCard-") + m_panel->model->matches().constLast().id);
+    const auto bottomOf = [](QQuickItem *item) { return item->mapToScene(QPointF(0, item->height())).y(); };
+    QVERIFY2(bottomOf(last) > m_panel->window->height(), "the day's last card must start out of sight");
+    for (int presses = 0; presses < 200 && m_panel->window->activeFocusItem() != last; ++presses)
+        QTest::keyClick(m_panel->window, Qt::Key_Tab);
+    QCOMPARE(m_panel->window->activeFocusItem(), last);
+    QTRY_VERIFY(bottomOf(last) <= m_panel->window->height());
 }
 
 void PanelScreensTest::pinSwitchesTheMenuBarMode()
