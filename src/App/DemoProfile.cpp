@@ -12,7 +12,11 @@ bool DemoProfile::activate()
 {
     if (!m_profile.isValid())
         return false;
-    m_feed = std::make_unique<FeedServer>(Tournament::bundled(), TournamentClock::running(start, speed));
+    // Snapshots ask for a later moment of the same evening through TIDEWELL_DEMO_AT (ISO 8601).
+    QDateTime from = QDateTime::fromString(qEnvironmentVariable("TIDEWELL_DEMO_AT"), Qt::ISODate);
+    if (!from.isValid())
+        from = start;
+    m_feed = std::make_unique<FeedServer>(Tournament::bundled(), TournamentClock::running(from, speed));
     const quint16 port = m_feed->listen();
     if (port == 0)
         return false;

@@ -8,6 +8,7 @@ foreach(shot IN ITEMS "fixtures;TIDEWELL_SECTION=fixtures" "standings;TIDEWELL_S
     file(REMOVE ${path})
     execute_process(
         COMMAND ${CMAKE_COMMAND} -E env ${hook} TIDEWELL_SNAPSHOT=${path} TIDEWELL_PINNED=1
+                TIDEWELL_DEMO_AT=2026-06-27T21:30:00Z
                 xvfb-run -a -s "-screen 0 1440x900x24" ${PROGRAM} --demo
         TIMEOUT 60 RESULT_VARIABLE result OUTPUT_QUIET ERROR_QUIET)
     if(NOT EXISTS ${path})
