@@ -19,6 +19,7 @@ private slots:
     void failures();
     void offlineStartFromCache();
     void overlappingRefreshIsDropped();
+    void pollingTicksOnePeriodAfterItsLastStart();
 
 private:
     void setFault(const char *endpoint, const QJsonValue &fault, int delayMs = 0);
@@ -181,6 +182,19 @@ void RefreshCycleTest::overlappingRefreshIsDropped()
     QTest::qWait(400);
     QCOMPARE(loading.count(), 2);
     QCOMPARE(matches.count(), 1);
+}
+
+void RefreshCycleTest::pollingTicksOnePeriodAfterItsLastStart()
+{
+    const auto model = m_fixture->makeModel();
+    QSignalSpy loading(model.get(), &AppModel::isLoadingChanged);
+    model->startPolling();
+    QTest::qWait(5000);
+    // A new interval restarts the timer: the first cycle comes one new period after the change.
+    model->updateRefreshInterval(15);
+    QTest::qWait(14'000);
+    QCOMPARE(loading.count(), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(loading.count(), 2, 3000);
 }
 
 QTEST_GUILESS_MAIN(RefreshCycleTest)
