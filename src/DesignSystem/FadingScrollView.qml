@@ -2,7 +2,8 @@ import QtQuick
 import Qt5Compat.GraphicalEffects
 
 // A vertical scroll area whose content fades out at its top and bottom edges instead of being cut off,
-// so rows slide softly under the header above it.
+// so rows slide softly under the header above it. It scrolls to whatever inside it takes the keyboard
+// focus, so that Tab never lands on a control out of sight.
 Item {
     id: view
 
@@ -12,6 +13,27 @@ Item {
     property int topFade: 18
     property int bottomFade: 28
 
+    function reveal(item) {
+        let inside = item;
+        while (inside && inside !== body)
+            inside = inside.parent;
+        if (!inside)
+            return;
+        const top = item.mapToItem(body, 0, 0).y;
+        const bottom = top + item.height + view.topFade + view.bottomFade;
+        if (top < flick.contentY)
+            flick.contentY = top;
+        else if (bottom > flick.contentY + flick.height)
+            flick.contentY = Math.min(bottom - flick.height, Math.max(0, flick.contentHeight - flick.height));
+    }
+
+    Connections {
+        target: view.Window.window
+        function onActiveFocusItemChanged() {
+            if (view.Window.activeFocusItem)
+                view.reveal(view.Window.activeFocusItem);
+        }
+    }
     Flickable {
         id: flick
         anchors.fill: parent
