@@ -2,7 +2,8 @@ import QtQuick
 import Qt5Compat.GraphicalEffects
 
 // A vertical scroll area whose content fades out at its top and bottom edges instead of being cut off,
-// so rows slide softly under the header above it.
+// so rows slide softly under the header above it. It scrolls to whatever inside it takes the keyboard
+// focus, so that Tab never lands on a control out of sight.
 Item {
     id: view
 
@@ -12,7 +13,6 @@ Item {
     property int topFade: 18
     property int bottomFade: 28
 
-    // Moving the focus with Tab onto a control outside the visible part scrolls it into view.
     function reveal(item) {
         let ancestor = item;
         while (ancestor && ancestor !== body)

@@ -59,10 +59,7 @@ public:
         QTest::mouseClick(window, Qt::LeftButton, {}, centre.toPoint());
     }
 
-    std::unique_ptr<AppModel> model;
-    QQuickWindow *window = nullptr;
-
-private:
+    // The visible item of that name at or under item.
     static QQuickItem *find(QQuickItem *item, const QString &name)
     {
         if (!item->isVisible())
@@ -76,6 +73,10 @@ private:
         return nullptr;
     }
 
+    std::unique_ptr<AppModel> model;
+    QQuickWindow *window = nullptr;
+
+private:
     FeedServer m_feed;
     ModelFixture m_fixture;
     std::unique_ptr<PanelController> m_controller;

@@ -1,7 +1,9 @@
 # Runs the demo once per screen under its own X server and keeps each picture in OUTPUT.
 file(MAKE_DIRECTORY ${OUTPUT})
 foreach(shot IN ITEMS "fixtures;TIDEWELL_SECTION=fixtures" "standings;TIDEWELL_SECTION=standings"
-                      "match-detail;TIDEWELL_DETAIL=match:68")
+                      "teams;TIDEWELL_SECTION=teams" "stadiums;TIDEWELL_SECTION=stadiums"
+                      "favorites;TIDEWELL_SECTION=favorites" "match-detail;TIDEWELL_DETAIL=match:68"
+                      "team-detail;TIDEWELL_DETAIL=team:1" "stadium-detail;TIDEWELL_DETAIL=stadium:1")
     list(GET shot 0 name)
     list(GET shot 1 hook)
     set(path ${OUTPUT}/${name}.png)

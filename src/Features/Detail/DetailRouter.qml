@@ -12,7 +12,7 @@ DetailScaffold {
         switch (route.kindName) {
         case "match": return "Match";
         case "team": return model.teamSummary(route.id).name;
-        case "stadium": return "Stadium";
+        case "stadium": return model.allStadiumsSorted.find(stadium => stadium.id === route.id)?.nameEn ?? "Stadium";
         default: return "Settings";
         }
     }

@@ -21,6 +21,7 @@ Item {
             onClicked: scaffold.model.back()
         }
         Text {
+            objectName: "detailTitle"
             anchors.verticalCenter: parent.verticalCenter
             width: bar.width - 40
             text: scaffold.title

@@ -2,7 +2,7 @@ import QtQuick
 import Pitchlark.DesignSystem
 import Pitchlark.Features
 
-// A small search box: a magnifier, the text, and a clear button while there is text.
+// A small search box: a magnifier, the text, and a clear button while there is text. Tab reaches both.
 Rectangle {
     id: field
 
@@ -31,6 +31,9 @@ Rectangle {
         color: Theme.primary
         selectByMouse: true
         clip: true
+        activeFocusOnTab: true
+        Accessible.role: Accessible.EditableText
+        Accessible.name: field.placeholder
         onTextEdited: field.edited(text)
         Text {
             visible: !input.text
@@ -40,19 +43,25 @@ Rectangle {
             color: Theme.faint
         }
     }
-    Text {
+    Pressable {
         id: clear
-        anchors { right: parent.right; rightMargin: 10; verticalCenter: parent.verticalCenter }
+        objectName: "clearSearch"
+        anchors { right: parent.right; rightMargin: 6; verticalCenter: parent.verticalCenter }
+        width: 22
+        height: 22
         visible: input.text.length > 0
-        text: "✕"
-        textFormat: Text.PlainText
-        font.pixelSize: 12
-        color: Theme.tertiary
-        TapHandler {
-            onTapped: {
-                input.clear();
-                field.edited("");
-            }
+        accessibleName: "Clear search"
+        onClicked: {
+            input.clear();
+            field.edited("");
+            input.forceActiveFocus();
+        }
+        Text {
+            anchors.centerIn: parent
+            text: "✕"
+            textFormat: Text.PlainText
+            font.pixelSize: 12
+            color: Theme.tertiary
         }
     }
 }

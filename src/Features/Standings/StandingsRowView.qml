@@ -3,12 +3,13 @@ import Pitchlark.DesignSystem
 import Pitchlark.Features
 
 // One team's line in a group table. A coloured bar marks the places that go through; the rows of
-// followed teams are tinted. A click opens the team.
+// followed teams are tinted, and the row of the team a page is about more strongly. A click opens the team.
 Pressable {
     id: row
 
     required property QtObject model
     required property var standing
+    property bool highlighted
     readonly property bool followed: model.favoriteTeamIDs.indexOf(standing.teamID) >= 0
     readonly property color placeColor: standing.position <= 2 ? Theme.qualGreen
                                         : standing.position === 3 ? Theme.playoffAmber : "transparent"
@@ -23,8 +24,9 @@ Pressable {
     Rectangle {
         anchors.fill: parent
         radius: 10
-        color: row.followed ? Qt.rgba(Theme.accent.r, Theme.accent.g, Theme.accent.b, 0.1)
-                            : Qt.rgba(Theme.primary.r, Theme.primary.g, Theme.primary.b, row.hovered ? 0.05 : 0)
+        color: row.highlighted ? Qt.rgba(Theme.accent.r, Theme.accent.g, Theme.accent.b, 0.18)
+               : row.followed ? Qt.rgba(Theme.accent.r, Theme.accent.g, Theme.accent.b, 0.1)
+               : Qt.rgba(Theme.primary.r, Theme.primary.g, Theme.primary.b, row.hovered ? 0.05 : 0)
     }
     Rectangle {
         anchors { left: parent.left; verticalCenter: parent.verticalCenter }
@@ -44,7 +46,7 @@ Pressable {
             code: row.standing.code
         }
         team: row.standing.team
-        teamBold: row.followed
+        teamBold: row.followed || row.highlighted
         figures: [row.standing.played, row.standing.won, row.standing.drawn, row.standing.lost,
                   row.standing.goalsFor, row.standing.goalsAgainst,
                   (row.standing.goalDifference > 0 ? "+" : "") + row.standing.goalDifference]

@@ -9,7 +9,6 @@ Item {
 
     required property QtObject model
     readonly property var group: model.standings.find(standing => standing.group === model.selectedGroup)
-    readonly property int rowHeight: 36
 
     SectionSwitcher {
         id: picker
@@ -35,47 +34,14 @@ Item {
                 message: screen.model.errorMessage
                 surfaceOpacity: screen.model.surfaceOpacity
             }
-            GlassCard {
+            GroupTable {
                 id: table
                 objectName: "standingsTable"
                 width: parent.width
                 visible: screen.group !== undefined
-                surfaceOpacity: screen.model.surfaceOpacity
-                padding: 10
+                model: screen.model
+                group: screen.group
                 transform: AppearAnimation { target: table }
-
-                Column {
-                    width: parent.width
-                    spacing: 2
-                    Text {
-                        leftPadding: 6
-                        bottomPadding: 6
-                        text: "Group " + screen.model.selectedGroup
-                        textFormat: Text.PlainText
-                        font.pixelSize: 17
-                        font.weight: Font.Bold
-                        color: Theme.primary
-                    }
-                    TableColumns {
-                        width: parent.width
-                        height: 20
-                        heading: true
-                        position: "#"
-                        team: "TEAM"
-                        figures: ["P", "W", "D", "L", "GF", "GA", "GD"]
-                        points: "PTS"
-                    }
-                    Repeater {
-                        model: screen.group ? screen.group.standings : []
-                        delegate: StandingsRowView {
-                            required property var modelData
-                            width: parent.width
-                            height: screen.rowHeight
-                            model: screen.model
-                            standing: modelData
-                        }
-                    }
-                }
             }
             QualificationLegend {
                 objectName: "qualificationLegend"

@@ -1,0 +1,51 @@
+import QtQuick
+import Pitchlark.DesignSystem
+import Pitchlark.Features
+
+// One group's table on a card: its title, the column heading and a row per team in place order, with
+// one team's row picked out when a page is about that team. Draws nothing of a group it has not got.
+GlassCard {
+    id: table
+
+    required property QtObject model
+    required property var group
+    property string highlightedTeamID
+    readonly property int rowHeight: 36
+
+    surfaceOpacity: model.surfaceOpacity
+    padding: 10
+
+    Column {
+        width: parent.width
+        spacing: 2
+        Text {
+            leftPadding: 6
+            bottomPadding: 6
+            text: table.group ? "Group " + table.group.group : ""
+            textFormat: Text.PlainText
+            font.pixelSize: 17
+            font.weight: Font.Bold
+            color: Theme.primary
+        }
+        TableColumns {
+            width: parent.width
+            height: 20
+            heading: true
+            position: "#"
+            team: "TEAM"
+            figures: ["P", "W", "D", "L", "GF", "GA", "GD"]
+            points: "PTS"
+        }
+        Repeater {
+            model: table.group ? table.group.standings : []
+            delegate: StandingsRowView {
+                required property var modelData
+                width: parent.width
+                height: table.rowHeight
+                model: table.model
+                standing: modelData
+                highlighted: modelData.teamID === table.highlightedTeamID
+            }
+        }
+    }
+}
