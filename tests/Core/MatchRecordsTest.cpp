@@ -181,7 +181,6 @@ void MatchRecordsTest::parseMatchDate_data()
     QTest::newRow("Eastern daylight") << "07/19/2026 15:00" << QByteArray("America/New_York") << utc(7, 19, 19, 0);
     QTest::newRow("Pacific across midnight") << "06/12/2026 18:00" << QByteArray("America/Los_Angeles")
                                              << utc(6, 13, 1, 0);
-    QTest::newRow("ISO text") << "2026-06-11 13:00" << QByteArray("UTC") << QDateTime();
     QTest::newRow("day first") << "13/06/2026 13:00" << QByteArray("UTC") << QDateTime();
     QTest::newRow("no time") << "06/11/2026" << QByteArray("UTC") << QDateTime();
     QTest::newRow("trailing text") << "06/11/2026 13:00Z" << QByteArray("UTC") << QDateTime();
@@ -209,7 +208,6 @@ void MatchRecordsTest::formattersUseTheirZoneInEnglish_data()
     QTest::addColumn<QString>("full");
 
     // clang-format off
-    QTest::newRow("Mexico City") << QByteArray("America/Mexico_City") << "2026-06-11" << "Thu, Jun 11 · 13:00";
     QTest::newRow("Berlin") << QByteArray("Europe/Berlin") << "2026-06-11" << "Thu, Jun 11 · 21:00";
     QTest::newRow("Tokyo, next day") << QByteArray("Asia/Tokyo") << "2026-06-12" << "Fri, Jun 12 · 04:00";
     // clang-format on

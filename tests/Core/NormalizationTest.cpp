@@ -67,22 +67,15 @@ void NormalizationTest::status_data()
     QTest::addColumn<MatchStatus>("expected");
 
     // clang-format off
-    QTest::newRow("bare game") << "FALSE" << "notstarted" << MatchStatus::scheduled;
     QTest::newRow("flag lower case") << "true" << "" << MatchStatus::finished;
     QTest::newRow("flag wins over clock") << "TRUE" << "90+5" << MatchStatus::finished;
     QTest::newRow("flag 1 is not finished") << "1" << "67" << MatchStatus::inPlay;
     QTest::newRow("FT") << "FALSE" << "FT" << MatchStatus::finished;
-    QTest::newRow("Finished") << "FALSE" << "Finished" << MatchStatus::finished;
-    QTest::newRow("full-time") << "FALSE" << "full-time" << MatchStatus::finished;
-    QTest::newRow("HT") << "FALSE" << "HT" << MatchStatus::halfTime;
     QTest::newRow("ht padded") << "FALSE" << " \tht " << MatchStatus::halfTime;
-    QTest::newRow("Half Time") << "FALSE" << "Half Time" << MatchStatus::halfTime;
     QTest::newRow("2nd half") << "FALSE" << "2nd half" << MatchStatus::halfTime;
     QTest::newRow("line break is not trimmed") << "FALSE" << "ht\n" << MatchStatus::inPlay;
-    QTest::newRow("empty") << "FALSE" << "" << MatchStatus::scheduled;
     QTest::newRow("NS") << "FALSE" << "NS" << MatchStatus::scheduled;
     QTest::newRow("zero") << "FALSE" << "0" << MatchStatus::scheduled;
-    QTest::newRow("live") << "FALSE" << "live" << MatchStatus::inPlay;
     QTest::newRow("minute") << "FALSE" << "67" << MatchStatus::inPlay;
     QTest::newRow("h2") << "FALSE" << "h2" << MatchStatus::inPlay;
     // clang-format on
@@ -108,13 +101,11 @@ void NormalizationTest::liveFields_data()
     QTest::newRow("scheduled hides scores") << "notstarted" << "2" << none << none << none;
     QTest::newRow("default zero counts once live") << "1" << "0" << QVariant(0) << QVariant("1'") << QVariant(1);
     QTest::newRow("minute") << "67" << "2" << QVariant(2) << QVariant("67'") << QVariant(67);
-    QTest::newRow("stoppage") << "45+2" << "1" << QVariant(1) << QVariant("45'+2'") << QVariant(452);
     QTest::newRow("stoppage with marks") << "90+4'" << "1" << QVariant(1) << QVariant("90'+4'") << QVariant(904);
     QTest::newRow("spaced stoppage") << " 45 + 3 " << "1" << QVariant(1) << QVariant("45'+3'") << QVariant(453);
     QTest::newRow("clock with seconds") << "67:12" << "1" << QVariant(1) << QVariant("67'") << QVariant(6712);
     QTest::newRow("live word") << "live" << "3" << QVariant(3) << none << none;
     QTest::newRow("Arabic-Indic minute") << "٦٧" << "1" << QVariant(1) << QVariant("٦٧'") << none;
-    QTest::newRow("half time has no clock") << "HT" << "1" << QVariant(1) << none << none;
     QTest::newRow("finished") << "finished" << "4" << QVariant(4) << none << none;
     QTest::newRow("empty score") << "50" << "" << none << QVariant("50'") << QVariant(50);
     QTest::newRow("unparseable score") << "50" << " 1" << none << QVariant("50'") << QVariant(50);
@@ -143,15 +134,12 @@ void NormalizationTest::scorers_data()
     QTest::addColumn<QStringList>("expected");
 
     // clang-format off
-    QTest::newRow("null") << "null" << QStringList();
     QTest::newRow("NULL padded") << "  NULL\n" << QStringList();
-    QTest::newRow("empty") << "" << QStringList();
     QTest::newRow("bare brackets") << "[]" << QStringList();
     QTest::newRow("service braces")
         << R"x({"D. Bobadilla 7'(OG)","F. Balogun 31'","F. Balogun 45'+5'"})x"
         << QStringList{"D. Bobadilla 7'(OG)", "F. Balogun 31'", "F. Balogun 45'+5'"};
     QTest::newRow("JSON list") << R"(["A 10'", " B 20' "])" << QStringList{"A 10'", "B 20'"};
-    QTest::newRow("plain list") << "A 10', B 20'" << QStringList{"A 10'", "B 20'"};
     QTest::newRow("plain list with nulls") << "{A 10',null,,B 20'}" << QStringList{"A 10'", "B 20'"};
     QTest::newRow("typographic quotes stay")
         << "{“J. Quiñones 9'”,”R. Jiménez 67'”}" << QStringList{"“J. Quiñones 9'”", "”R. Jiménez 67'”"};
@@ -176,12 +164,9 @@ void NormalizationTest::teamNameAndCode_data()
 
     const QVariant none;
     // clang-format off
-    QTest::newRow("known team") << none << "Mexico" << "MEX" << none << "Mexico" << "MEX";
     QTest::newRow("code trimmed and raised") << none << "Mexico" << " mex\n" << none << "Mexico" << "MEX";
     QTest::newRow("explicit name wins") << QVariant("México") << "Mexico" << "" << none << "México" << "MÉX";
     QTest::newRow("empty explicit name") << QVariant("") << "Mexico" << "MEX" << none << "Mexico" << "MEX";
-    QTest::newRow("unknown, no label") << none << "" << "" << none << "TBD" << "TBD";
-    QTest::newRow("bracket label") << none << "" << "" << QVariant("Winner Match 73") << "Winner Match 73" << "WM7";
     QTest::newRow("two-word label") << none << "" << "" << QVariant("Runner-up  Group\tA") << "Runner-up  Group\tA"
                                     << "RGA";
     QTest::newRow("empty label") << none << "" << "" << QVariant("") << "TBD" << "TBD";
@@ -220,9 +205,6 @@ void NormalizationTest::venueZone_data()
     QTest::addColumn<QByteArray>("expectedZone");
 
     // clang-format off
-    QTest::newRow("Azteca by id") << "1" << "" << "" << QByteArray("America/Mexico_City");
-    QTest::newRow("Monterrey by id") << "3" << "" << "" << QByteArray("America/Monterrey");
-    QTest::newRow("BC Place by id") << "13" << "" << "" << QByteArray("America/Vancouver");
     QTest::newRow("id beats city") << "12" << "Seattle" << "USA" << QByteArray("America/Toronto");
     QTest::newRow("Guadalajara") << "17" << "Guadalajara" << "Mexico" << QByteArray("America/Mexico_City");
     QTest::newRow("Monterrey by city") << "17" << "Monterrey" << "Mexico" << QByteArray("America/Monterrey");
@@ -230,9 +212,7 @@ void NormalizationTest::venueZone_data()
     QTest::newRow("other Canadian city") << "17" << "Edmonton" << "Canada" << QByteArray("America/New_York");
     QTest::newRow("country is case-sensitive") << "17" << "Vancouver" << "canada" << QByteArray("America/New_York");
     QTest::newRow("Inglewood") << "17" << "Inglewood" << "USA" << QByteArray("America/Los_Angeles");
-    QTest::newRow("Santa Clara") << "17" << "Santa Clara" << "USA" << QByteArray("America/Los_Angeles");
     QTest::newRow("Arlington") << "17" << "Arlington (Dallas)" << "USA" << QByteArray("America/Chicago");
-    QTest::newRow("Kansas City") << "17" << "Kansas City" << "USA" << QByteArray("America/Chicago");
     QTest::newRow("Foxborough") << "17" << "Foxborough" << "USA" << QByteArray("America/New_York");
     // clang-format on
 }
@@ -423,7 +403,6 @@ void NormalizationTest::seedKickoffLabels_data()
     // The final kicks off at 15:00 in New Jersey on 19 July.
     // clang-format off
     QTest::newRow("Berlin") << QByteArray("Europe/Berlin") << "21:00" << "21:00";
-    QTest::newRow("Los Angeles") << QByteArray("America/Los_Angeles") << "12:00" << "12:00";
     QTest::newRow("Tokyo") << QByteArray("Asia/Tokyo") << "04:00" << "04:00";
     // clang-format on
 }

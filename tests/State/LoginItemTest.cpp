@@ -48,7 +48,6 @@ void LoginItemTest::existingEntry_data()
     QTest::newRow("plain entry") << QByteArray("[Desktop Entry]\nExec=/usr/bin/pitchlark\n") << true;
     QTest::newRow("hidden") << QByteArray("[Desktop Entry]\nHidden=true\n") << false;
     QTest::newRow("switched off in GNOME") << QByteArray("[Desktop Entry]\nX-GNOME-Autostart-enabled=false\n") << false;
-    QTest::newRow("switched on in GNOME") << QByteArray("[Desktop Entry]\nX-GNOME-Autostart-enabled=true\n") << true;
     // clang-format on
 }
 

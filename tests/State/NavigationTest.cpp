@@ -16,7 +16,6 @@ private slots:
     void openClearsTheSlide();
     void equalRouteStillStackedIsNotRenderedTwice();
     void newerBannerGetsItsOwnFullTime();
-    void dismissedBanner();
 
 private:
     std::unique_ptr<ModelFixture> m_fixture;
@@ -110,13 +109,6 @@ void NavigationTest::newerBannerGetsItsOwnFullTime()
     // ...and goes at its own time.
     QTRY_VERIFY_WITH_TIMEOUT(!m_model->activeBanner(), 1500);
     QVERIFY(clock.elapsed() >= 1000 + lifetime);
-}
-
-void NavigationTest::dismissedBanner()
-{
-    m_model->presentBanner({QStringLiteral("a"), QStringLiteral("Kick-off"), {}, BannerState::Kind::kickoff});
-    m_model->dismissBanner();
-    QVERIFY(!m_model->activeBanner());
 }
 
 QTEST_GUILESS_MAIN(NavigationTest)

@@ -99,16 +99,11 @@ void RefreshCycleTest::failures_data()
 
     // clang-format off
     QTest::newRow("first run, service down") << QStringList{"all:503"} << false << true << false;
-    QTest::newRow("first run, connections closed") << QStringList{"all:close"} << false << true << false;
-    QTest::newRow("first run, rejected") << QStringList{"all:401"} << false << true << false;
-    QTest::newRow("first run, rate limited") << QStringList{"all:429"} << false << true << false;
     QTest::newRow("first run, proxy pages") << QStringList{"all:malformed"} << false << true << false;
     QTest::newRow("first run, empty lists") << QStringList{"all:empty"} << false << true << false;
     QTest::newRow("bare lists are good answers") << QStringList{"all:bare"} << false << false << true;
     QTest::newRow("games fail, the rest is news") << QStringList{"games:500"} << false << false << true;
-    QTest::newRow("games truncated, the rest is news") << QStringList{"games:truncated"} << false << false << true;
     QTest::newRow("games empty, groups good") << QStringList{"games:empty"} << false << false << true;
-    QTest::newRow("down after a good cycle") << QStringList{"all:503"} << true << false << false;
     QTest::newRow("games fail after a good cycle") << QStringList{"games:close"} << true << false << true;
     QTest::newRow("only groups answer after a good cycle")
         << QStringList{"games:503", "teams:503", "stadiums:503"} << true << false << true;

@@ -298,7 +298,6 @@ void StatusNotifierTrayTest::menuLayout_data()
     // clang-format off
     QTest::newRow("whole menu") << 0 << -1 << QStringList{} << wholeMenu;
     QTest::newRow("root alone") << 0 << 0 << QStringList{} << QStringList{"0 children-display=submenu"};
-    QTest::newRow("labels only") << 0 << -1 << QStringList{"label"} << QStringList{"0", "1 label=Open Pitchlark", "2", "3 label=Refresh Now", "4", "5 label=Quit Pitchlark"};
     QTest::newRow("one item") << 3 << -1 << QStringList{"label", "shortcut"} << QStringList{"3 label=Refresh Now shortcut=Control+r"};
     QTest::newRow("unknown item") << 42 << -1 << QStringList{} << QStringList{};
     // clang-format on

@@ -60,14 +60,12 @@ void AppcastTest::versionOrder_data()
 {
     QTest::addColumn<QString>("older");
     QTest::addColumn<QString>("newer");
-    QTest::newRow("numbers, not text") << "1.9"
-                                       << "1.10";
-    QTest::newRow("major wins") << "1.99.99"
-                                << "2";
-    QTest::newRow("extra component") << "1.2"
-                                     << "1.2.1";
-    QTest::newRow("largest component") << "1.18446744073709551614"
-                                       << "1.18446744073709551615";
+    // clang-format off
+    QTest::newRow("numbers, not text") << "1.9" << "1.10";
+    QTest::newRow("major wins") << "1.99.99" << "2";
+    QTest::newRow("extra component") << "1.2" << "1.2.1";
+    QTest::newRow("largest component") << "1.18446744073709551614" << "1.18446744073709551615";
+    // clang-format on
 }
 
 void AppcastTest::versionOrder()
@@ -148,12 +146,11 @@ void AppcastTest::newestUpdate_data()
     QTest::addColumn<QString>("current");
     QTest::addColumn<QString>("newest"); // empty: none
 
-    QTest::newRow("newest of several, in any order") << QStringList{"1.2", "1.10", "1.9"} << "1.0"
-                                                     << "1.10";
-    QTest::newRow("same version") << QStringList{"1.0.0"} << "1.0"
-                                  << "";
-    QTest::newRow("only older") << QStringList{"0.9", "0.1"} << "1.0"
-                                << "";
+    // clang-format off
+    QTest::newRow("newest of several, in any order") << QStringList{"1.2", "1.10", "1.9"} << "1.0" << "1.10";
+    QTest::newRow("same version") << QStringList{"1.0.0"} << "1.0" << "";
+    QTest::newRow("only older") << QStringList{"0.9", "0.1"} << "1.0" << "";
+    // clang-format on
 }
 
 void AppcastTest::newestUpdate()
@@ -181,13 +178,14 @@ void AppcastTest::signature_data()
     const TestSigningKey key;
     const TestSigningKey otherKey;
     const QByteArray release("the release's bytes");
+    // clang-format off
     QTest::newRow("signed") << release << key.sign(release) << key.publicKey() << true;
-    QTest::newRow("one byte changed")
-        << QByteArray("the release's bytez") << key.sign(release) << key.publicKey() << false;
+    QTest::newRow("one byte changed") << QByteArray("the release's bytez") << key.sign(release) << key.publicKey() << false;
     QTest::newRow("another key") << release << otherKey.sign(release) << key.publicKey() << false;
     QTest::newRow("no signature") << release << QByteArray() << key.publicKey() << false;
     QTest::newRow("not base64") << release << QByteArray("not*base64!") << key.publicKey() << false;
     QTest::newRow("short signature") << release << key.sign(release).left(40) << key.publicKey() << false;
+    // clang-format on
 }
 
 void AppcastTest::signature()
@@ -207,15 +205,16 @@ void AppcastTest::secureURL_data()
 {
     QTest::addColumn<QString>("url");
     QTest::addColumn<bool>("secure");
+    // clang-format off
     QTest::newRow("https") << "https://updates.example.org/appcast.xml" << true;
     QTest::newRow("http to 127.0.0.1") << "http://127.0.0.1:8080/appcast.xml" << true;
     QTest::newRow("http to ::1") << "http://[::1]:8080/appcast.xml" << true;
     QTest::newRow("http to localhost") << "http://localhost/appcast.xml" << true;
     QTest::newRow("http elsewhere") << "http://updates.example.org/appcast.xml" << false;
-    QTest::newRow("http to a name that starts with a loopback address")
-        << "http://127.0.0.1.example.org/a" << false;
+    QTest::newRow("http to a name that starts with a loopback address") << "http://127.0.0.1.example.org/a" << false;
     QTest::newRow("file") << "file:///tmp/appcast.xml" << false;
     QTest::newRow("no host") << "https:///appcast.xml" << false;
+    // clang-format on
 }
 
 void AppcastTest::secureURL()

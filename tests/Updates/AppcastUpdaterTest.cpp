@@ -118,6 +118,13 @@ private slots:
     void backgroundChecks();
 
 private:
+    // Release 2.0, announced with its true length and signed with the installation's key.
+    void serveSignedRelease()
+    {
+        m_server.setAppcast(appcast("2.0", m_server.releaseURL(), m_release.size(), m_key.sign(m_release)));
+        m_server.setRelease(m_release);
+    }
+
     UpdateServer m_server;
     TestSigningKey m_key;
     QByteArray m_release = releaseBytes();
@@ -132,22 +139,14 @@ void AppcastUpdaterTest::userCheck_data()
     const QUrl url = m_server.releaseURL();
     const QByteArray signature = m_key.sign(m_release);
     const int ok = 200;
-    QTest::newRow("a newer release") << appcast("2.0", url, m_release.size(), signature) << ok
-                                     << UpdatePhase::available(QStringLiteral("2.0"));
-    QTest::newRow("the installed release")
-        << appcast("1.0.0", url, m_release.size(), signature) << ok << UpdatePhase::upToDate();
-    QTest::newRow("only an older release")
-        << appcast("0.9", url, m_release.size(), signature) << ok << UpdatePhase::upToDate();
-    QTest::newRow("a broken appcast")
-        << QByteArray("<rss><channel><item><enclosure") << ok
-        << UpdatePhase::error(QStringLiteral("The update feed couldn't be read."));
-    QTest::newRow("an appcast too large to be one")
-        << QByteArray(AppcastUpdater::maximumAppcastSize + 1, ' ') << ok
-        << UpdatePhase::error(QStringLiteral("The update feed couldn't be read."));
-    QTest::newRow("a server error")
-        << QByteArray("oops") << 500
-        << UpdatePhase::error(
-               QStringLiteral("Couldn't reach the update server. Check your connection and try again."));
+    // clang-format off
+    QTest::newRow("a newer release") << appcast("2.0", url, m_release.size(), signature) << ok << UpdatePhase::available(QStringLiteral("2.0"));
+    QTest::newRow("the installed release") << appcast("1.0.0", url, m_release.size(), signature) << ok << UpdatePhase::upToDate();
+    QTest::newRow("only an older release") << appcast("0.9", url, m_release.size(), signature) << ok << UpdatePhase::upToDate();
+    QTest::newRow("a broken appcast") << QByteArray("<rss><channel><item><enclosure") << ok << UpdatePhase::error(QStringLiteral("The update feed couldn't be read."));
+    QTest::newRow("an appcast too large to be one") << QByteArray(AppcastUpdater::maximumAppcastSize + 1, ' ') << ok << UpdatePhase::error(QStringLiteral("The update feed couldn't be read."));
+    QTest::newRow("a server error") << QByteArray("oops") << 500 << UpdatePhase::error(QStringLiteral("Couldn't reach the update server. Check your connection and try again."));
+    // clang-format on
 }
 
 void AppcastUpdaterTest::userCheck()
@@ -188,17 +187,14 @@ void AppcastUpdaterTest::failedDownloadsInstallNothing_data()
     const QByteArray signature = m_key.sign(m_release);
     const QString badSignature = QStringLiteral("The update's signature isn't valid.");
 
+    // clang-format off
     QTest::newRow("one byte changed in transit") << tampered << signature << 200 << badSignature;
     QTest::newRow("signed with another key") << m_release << stranger.sign(m_release) << 200 << badSignature;
-    QTest::newRow("unsigned") << m_release << QByteArray() << 200
-                              << QStringLiteral("The update isn't signed.");
-    QTest::newRow("truncated") << m_release.left(m_release.size() / 2) << signature << 200
-                               << QStringLiteral("The update download was incomplete.");
-    QTest::newRow("oversized") << m_release + QByteArray(AppcastUpdater::lengthMargin + 1, 'x') << signature
-                               << 200 << QStringLiteral("The update is larger than announced.");
-    QTest::newRow("missing on the server")
-        << QByteArray("not here") << signature << 404
-        << QStringLiteral("The update couldn't be downloaded. Check your connection and try again.");
+    QTest::newRow("unsigned") << m_release << QByteArray() << 200 << QStringLiteral("The update isn't signed.");
+    QTest::newRow("truncated") << m_release.left(m_release.size() / 2) << signature << 200 << QStringLiteral("The update download was incomplete.");
+    QTest::newRow("oversized") << m_release + QByteArray(AppcastUpdater::lengthMargin + 1, 'x') << signature << 200 << QStringLiteral("The update is larger than announced.");
+    QTest::newRow("missing on the server") << QByteArray("not here") << signature << 404 << QStringLiteral("The update couldn't be downloaded. Check your connection and try again.");
+    // clang-format on
 }
 
 void AppcastUpdaterTest::failedDownloadsInstallNothing()
@@ -229,8 +225,7 @@ void AppcastUpdaterTest::failedDownloadsInstallNothing()
 
 void AppcastUpdaterTest::goodUpdateReplacesTheAppImageAndRelaunches()
 {
-    m_server.setAppcast(appcast("2.0", m_server.releaseURL(), m_release.size(), m_key.sign(m_release)));
-    m_server.setRelease(m_release);
+    serveSignedRelease();
     Installation installation;
     UpdateController controller(std::make_unique<AppcastUpdater>(installation.options(m_server, m_key)),
                                 steadyDisplay);
@@ -266,8 +261,7 @@ void AppcastUpdaterTest::goodUpdateReplacesTheAppImageAndRelaunches()
 
 void AppcastUpdaterTest::downloadedUpdateWaitsAndIsInstalledOnQuit()
 {
-    m_server.setAppcast(appcast("2.0", m_server.releaseURL(), m_release.size(), m_key.sign(m_release)));
-    m_server.setRelease(m_release);
+    serveSignedRelease();
     Installation installation;
     auto owned = std::make_unique<AppcastUpdater>(installation.options(m_server, m_key));
     AppcastUpdater *engine = owned.get();
@@ -304,18 +298,12 @@ void AppcastUpdaterTest::startFailures_data()
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("reason");
 
-    QTest::newRow("not an AppImage") << "appImagePath"
-                                     << ""
-                                     << "Updates are managed by your package manager.";
-    QTest::newRow("no public key") << "publicKey"
-                                   << ""
-                                   << "This build has no key to check updates with.";
-    QTest::newRow("no usable version") << "currentVersion"
-                                       << "1.0-dev"
-                                       << "This build has no version to compare updates with.";
-    QTest::newRow("plain http elsewhere") << "appcastURL"
-                                          << "http://updates.example.org/appcast.xml"
-                                          << "The update feed must be served over HTTPS.";
+    // clang-format off
+    QTest::newRow("not an AppImage") << "appImagePath" << "" << "Updates are managed by your package manager.";
+    QTest::newRow("no public key") << "publicKey" << "" << "This build has no key to check updates with.";
+    QTest::newRow("no usable version") << "currentVersion" << "1.0-dev" << "This build has no version to compare updates with.";
+    QTest::newRow("plain http elsewhere") << "appcastURL" << "http://updates.example.org/appcast.xml" << "The update feed must be served over HTTPS.";
+    // clang-format on
 }
 
 void AppcastUpdaterTest::startFailures()
@@ -353,10 +341,12 @@ void AppcastUpdaterTest::backgroundChecks_data()
     QTest::addColumn<std::optional<int>>("lastCheckHoursAgo");
     QTest::addColumn<bool>("checks");
 
+    // clang-format off
     QTest::newRow("first run: asks, then checks") << std::optional<bool>() << std::optional<int>() << true;
     QTest::newRow("turned off") << std::optional<bool>(false) << std::optional<int>() << false;
     QTest::newRow("checked an hour ago") << std::optional<bool>(true) << std::optional<int>(1) << false;
     QTest::newRow("checked yesterday") << std::optional<bool>(true) << std::optional<int>(25) << true;
+    // clang-format on
 }
 
 void AppcastUpdaterTest::backgroundChecks()
@@ -364,7 +354,7 @@ void AppcastUpdaterTest::backgroundChecks()
     QFETCH(std::optional<bool>, automaticChecks);
     QFETCH(std::optional<int>, lastCheckHoursAgo);
     QFETCH(bool, checks);
-    m_server.setAppcast(appcast("2.0", m_server.releaseURL(), m_release.size(), m_key.sign(m_release)));
+    serveSignedRelease();
     Installation installation;
     installation.setAutomaticChecks(automaticChecks);
     if (lastCheckHoursAgo) {
