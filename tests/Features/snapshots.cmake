@@ -1,7 +1,7 @@
 # Runs the demo once per screen under its own X server and keeps each picture in OUTPUT.
 file(MAKE_DIRECTORY ${OUTPUT})
 foreach(shot IN ITEMS "fixtures;TIDEWELL_SECTION=fixtures" "standings;TIDEWELL_SECTION=standings"
-                      "match-detail;TIDEWELL_DETAIL=match:68")
+                      "match-detail;TIDEWELL_DETAIL=match:68" "settings;TIDEWELL_DETAIL=settings")
     list(GET shot 0 name)
     list(GET shot 1 hook)
     set(path ${OUTPUT}/${name}.png)
