@@ -8,16 +8,28 @@
 #include "State/SettingsKeys.h"
 #include "TrayItem.h"
 #include "UpdateController.h"
+#include "UpdateToastWindowController.h"
 
 #include <QGuiApplication>
 #include <QPointer>
 #include <QQuickWindow>
 #include <QTimer>
 
-AppDelegate::AppDelegate(AppModel::Services services, QObject *parent)
+namespace {
+
+std::unique_ptr<UpdateEngine> orAppcastUpdater(std::unique_ptr<UpdateEngine> engine)
+{
+    if (engine)
+        return engine;
+    return std::make_unique<AppcastUpdater>(AppcastUpdater::Options::fromEnvironment());
+}
+
+} // namespace
+
+AppDelegate::AppDelegate(AppModel::Services services, std::unique_ptr<UpdateEngine> updateEngine,
+                         QObject *parent)
     : QObject(parent), m_model(std::move(services)),
-      m_updates(std::make_unique<UpdateController>(
-          std::make_unique<AppcastUpdater>(AppcastUpdater::Options::fromEnvironment())))
+      m_updates(std::make_unique<UpdateController>(orAppcastUpdater(std::move(updateEngine))))
 {
     // Qt 6.4 compiles QML modules into the resources under their URI's path.
     m_engine.addImportPath(QStringLiteral("qrc:/"));
@@ -30,6 +42,12 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::launch(std::unique_ptr<TrayItem> tray)
 {
     m_tray = std::move(tray);
+    m_updateToast = std::make_unique<UpdateToastWindowController>(m_engine, *m_updates);
+    // Queued, so that the toast is sized after its content has caught up with the new phase.
+    connect(m_updates.get(), &UpdateController::phaseChanged, this, &AppDelegate::presentUpdateToast,
+            Qt::QueuedConnection);
+    connect(m_updates.get(), &UpdateController::isUserInitiatedChanged, this,
+            &AppDelegate::presentUpdateToast, Qt::QueuedConnection);
     m_panel = std::make_unique<PanelController>(m_model, m_engine, m_updates.get());
     if (m_tray) {
         connect(m_tray.get(), &TrayItem::activated, this,
@@ -61,6 +79,15 @@ void AppDelegate::updateStatusTitle()
     for (const Match &match : m_model.liveMatchesCache())
         lines << match.trayMenuBarTitle() + QStringLiteral("  ") + match.compactStatusLabel();
     m_tray->setLiveMatches(lines);
+}
+
+void AppDelegate::presentUpdateToast()
+{
+    // A check the user started is reported by the panel's own dialog, never by the toast.
+    if (m_updates->phase().kind() != UpdatePhase::Kind::idle && !m_updates->isUserInitiated())
+        m_updateToast->show();
+    else
+        m_updateToast->hide();
 }
 
 void AppDelegate::openDetail(const QString &routeText)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "State/AppModel.h"
+#include "UpdateEngine.h"
 
 #include <QObject>
 #include <QPoint>
@@ -12,6 +13,7 @@
 class PanelController;
 class TrayItem;
 class UpdateController;
+class UpdateToastWindowController;
 
 // The tray application: owns the model, the tray item and the panel for the whole run, mirrors the
 // model's title into the tray, routes the tray's requests, and carries the launch-time debug hooks.
@@ -23,7 +25,9 @@ public:
     static constexpr std::chrono::milliseconds hookRetryInterval{300};
     static constexpr std::chrono::milliseconds snapshotDelay{700};
 
-    explicit AppDelegate(AppModel::Services services, QObject *parent = nullptr);
+    // updateEngine finds and installs the program's updates; none means the appcast updater.
+    explicit AppDelegate(AppModel::Services services, std::unique_ptr<UpdateEngine> updateEngine = {},
+                         QObject *parent = nullptr);
     ~AppDelegate() override;
 
     // The launch sequence; the tray item may be absent on a desktop without a tray.
@@ -32,10 +36,12 @@ public:
     AppModel &model() { return m_model; }
     PanelController *panel() const { return m_panel.get(); }
     UpdateController &updates() { return *m_updates; }
+    UpdateToastWindowController &updateToast() { return *m_updateToast; }
     void togglePanel(const QPoint &position = {});
 
 private:
     void updateStatusTitle();
+    void presentUpdateToast();
     void openDetail(const QString &routeText);
     void setFloatingCards(const QString &value);
     void applyDebugHooks();
@@ -47,5 +53,6 @@ private:
     std::unique_ptr<UpdateController> m_updates;
     std::unique_ptr<TrayItem> m_tray;
     std::unique_ptr<PanelController> m_panel;
+    std::unique_ptr<UpdateToastWindowController> m_updateToast;
     const QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
 };

@@ -12,9 +12,6 @@ Item {
     readonly property bool pressed: mouse.pressed
     signal clicked
 
-    readonly property int ringWidth: 2
-    readonly property int ringGap: 2
-
     activeFocusOnTab: true
     Accessible.role: Accessible.Button
     Accessible.name: accessibleName
@@ -34,14 +31,8 @@ Item {
         cursorShape: Qt.PointingHandCursor
         onClicked: control.clicked()
     }
-    Rectangle {
-        anchors.fill: parent
-        anchors.margins: -control.ringGap
-        z: 1
+    FocusRing {
         visible: control.activeFocus
-        radius: control.focusRadius + control.ringGap
-        color: "transparent"
-        border.width: control.ringWidth
-        border.color: Theme.accent
+        radiusOfTarget: control.focusRadius
     }
 }

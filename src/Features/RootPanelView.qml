@@ -1,7 +1,8 @@
 import QtQuick
 import Pitchlark.DesignSystem
 
-// The whole panel: the section page with its header, the detail pages pushed over it, and the banner.
+// The whole panel: the section page with its header, the detail pages pushed over it, the banner, and
+// the update dialog over everything while a check the user started is under way.
 Item {
     id: root
 
@@ -9,6 +10,9 @@ Item {
     property QtObject updates
     // Pages the row is shifted by: one per route on the stack.
     readonly property int navDepth: model.detailStack.length
+    readonly property bool updateDialogShown: updates !== null && updates.isUserInitiated
+                                              && updates.phase.kindName !== "idle"
+    readonly property int updateDialogInset: 20
 
     clip: true
 
@@ -61,6 +65,22 @@ Item {
             Behavior on y { NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
             Behavior on opacity { NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
             onDismiss: root.model.dismissBanner()
+        }
+    }
+
+    Loader {
+        id: updateDialog
+        anchors.fill: parent
+        anchors.margins: root.updateDialogInset
+        z: 20
+        active: root.updates !== null
+        enabled: root.updateDialogShown
+        opacity: root.updateDialogShown ? 1 : 0
+        visible: opacity > 0
+        Behavior on opacity { NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
+        sourceComponent: UpdateModalView {
+            controller: root.updates
+            bleed: root.updateDialogInset
         }
     }
 }

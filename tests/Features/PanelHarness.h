@@ -4,6 +4,7 @@
 #include "GlassImages.h"
 #include "ModelFixture.h"
 #include "PanelController.h"
+#include "ThemeSingleton.h"
 
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -21,6 +22,21 @@ Q_IMPORT_QML_PLUGIN(Pitchlark_DesignSystemPlugin)
 Q_IMPORT_QML_PLUGIN(Pitchlark_FeaturesPlugin)
 Q_IMPORT_QML_PLUGIN(Pitchlark_AppPlugin)
 
+// The visible item of that name under item, searched through the drawn tree (Loaders and Repeaters
+// included).
+inline QQuickItem *findVisibleItem(QQuickItem *item, const QString &name)
+{
+    if (!item->isVisible())
+        return nullptr;
+    if (item->objectName() == name)
+        return item;
+    for (QQuickItem *child : item->childItems()) {
+        if (QQuickItem *found = findVisibleItem(child, name))
+            return found;
+    }
+    return nullptr;
+}
+
 inline const QDateTime frozenAt{QDate(2026, 6, 27), QTime(21, 30), QTimeZone::utc()};
 
 // The real panel over a real model fed by an in-process replay frozen at one instant.
@@ -32,7 +48,9 @@ public:
         : m_feed(tournament, TournamentClock::frozen(at)),
           m_fixture(QStringLiteral("http://127.0.0.1:%1").arg(m_feed.listen()))
     {
-        model = m_fixture.makeModel([at] { return at; });
+        AppModel::Services services = m_fixture.services([at] { return at; });
+        services.applyTint = tintTheme;
+        model = std::make_unique<AppModel>(std::move(services));
         QCoro::waitFor(model->fetchAll());
         m_controller = std::make_unique<PanelController>(*model, engine, updates);
         m_controller->show();
@@ -46,10 +64,13 @@ public:
         engine.addImageProvider(QStringLiteral("glass"), new GlassImageProvider);
     }
 
+    // The glass tint recolours the screens' inks, as in the program.
+    static void tintTheme(double hue, double strength) { ThemeSingleton::instance()->apply(hue, strength); }
+
     QString settingsPath() const { return m_fixture.settingsPath(); }
 
     // The visible item of that name, searched through the drawn tree (Loaders and Repeaters included).
-    QQuickItem *item(const QString &name) const { return find(window->contentItem(), name); }
+    QQuickItem *item(const QString &name) const { return findVisibleItem(window->contentItem(), name); }
 
     void click(const QString &name) const
     {
@@ -57,20 +78,6 @@ public:
         QVERIFY2(target, qPrintable(name));
         const QPointF centre = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
         QTest::mouseClick(window, Qt::LeftButton, {}, centre.toPoint());
-    }
-
-    // The visible item of that name at or under item.
-    static QQuickItem *find(QQuickItem *item, const QString &name)
-    {
-        if (!item->isVisible())
-            return nullptr;
-        if (item->objectName() == name)
-            return item;
-        for (QQuickItem *child : item->childItems()) {
-            if (QQuickItem *found = find(child, name))
-                return found;
-        }
-        return nullptr;
     }
 
     std::unique_ptr<AppModel> model;

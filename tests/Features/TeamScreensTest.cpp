@@ -17,7 +17,7 @@ QStringList shownInOrder(QQuickItem *root, const QString &prefix, const QStringL
 {
     QList<std::pair<qreal, QString>> shown;
     for (const QString &id : candidates) {
-        if (QQuickItem *item = Panel::find(root, prefix + id))
+        if (QQuickItem *item = findVisibleItem(root, prefix + id))
             shown.append({item->mapToScene({}).y(), id});
     }
     std::sort(shown.begin(), shown.end());
@@ -158,7 +158,7 @@ void TeamScreensTest::followingFromTheTeamsListFillsFavorites()
     showSection(QStringLiteral("favorites"));
     QTRY_VERIFY(item(QStringLiteral("favoriteTeams")));
     QVERIFY(!item(QStringLiteral("favoritesEmpty")));
-    QVERIFY(Panel::find(item(QStringLiteral("favoriteTeams")), QStringLiteral("teamRow-1")));
+    QVERIFY(findVisibleItem(item(QStringLiteral("favoriteTeams")), QStringLiteral("teamRow-1")));
     QStringList followedMatches;
     for (const Match &match : m_panel->model->favoriteMatches())
         followedMatches.append(match.id);
@@ -213,7 +213,7 @@ void TeamScreensTest::teamPageShowsNextMatchAndLatestResult()
     QQuickItem *table = item(QStringLiteral("teamGroupTable"));
     QVERIFY(table);
     for (const QString &teamID : {QStringLiteral("1"), QStringLiteral("2")}) {
-        QQuickItem *row = Panel::find(table, QStringLiteral("standing-") + teamID);
+        QQuickItem *row = findVisibleItem(table, QStringLiteral("standing-") + teamID);
         QVERIFY2(row, qPrintable(teamID));
         QCOMPARE(row->property("highlighted").toBool(), teamID == u'1');
     }

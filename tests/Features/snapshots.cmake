@@ -3,7 +3,8 @@ file(MAKE_DIRECTORY ${OUTPUT})
 foreach(shot IN ITEMS "fixtures;TIDEWELL_SECTION=fixtures" "standings;TIDEWELL_SECTION=standings"
                       "teams;TIDEWELL_SECTION=teams" "stadiums;TIDEWELL_SECTION=stadiums"
                       "favorites;TIDEWELL_SECTION=favorites" "match-detail;TIDEWELL_DETAIL=match:68"
-                      "team-detail;TIDEWELL_DETAIL=team:1" "stadium-detail;TIDEWELL_DETAIL=stadium:1")
+                      "team-detail;TIDEWELL_DETAIL=team:1" "stadium-detail;TIDEWELL_DETAIL=stadium:1"
+                      "settings;TIDEWELL_DETAIL=settings")
     list(GET shot 0 name)
     list(GET shot 1 hook)
     set(path ${OUTPUT}/${name}.png)

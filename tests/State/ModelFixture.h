@@ -22,12 +22,19 @@ public:
     std::unique_ptr<AppModel> makeModel(std::function<QDateTime()> now = {},
                                         std::unique_ptr<NotificationSender> notifications = {})
     {
+        return std::make_unique<AppModel>(services(std::move(now), std::move(notifications)));
+    }
+
+    // What a model over the profile talks to, for callers that add to it or build the model elsewhere.
+    AppModel::Services services(std::function<QDateTime()> now = {},
+                                std::unique_ptr<NotificationSender> notifications = {})
+    {
         m_api = std::make_unique<APIService>(std::chrono::milliseconds(2000));
         AppModel::Services services;
         services.api = m_api.get();
         services.now = std::move(now);
         services.notifications = std::move(notifications);
-        return std::make_unique<AppModel>(std::move(services));
+        return services;
     }
 
     APIService &api() { return *m_api; }

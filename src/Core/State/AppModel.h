@@ -149,6 +149,8 @@ public:
     const QList<Match> &liveMatchesCache() const { return m_liveMatchesCache; }
     const QList<TeamSummary> &favoriteTeamsCache() const { return m_favoriteTeamsCache; }
     const QSet<QDateTime> &contestedKickoffsCache() const { return m_contestedKickoffsCache; }
+    // The running polling timer; none before startPolling().
+    const QTimer *pollingTimer() const { return m_pollingTimer.get(); }
     std::function<void()> onGlassChange;
 
     // Writes made directly by the screens.

@@ -12,6 +12,8 @@ class UpdatePhase {
     Q_PROPERTY(QString version READ version CONSTANT)
     Q_PROPERTY(double progress READ progress CONSTANT)
     Q_PROPERTY(QString message READ message CONSTANT)
+    // The case's name ("idle", "available", ...), which QML compares against.
+    Q_PROPERTY(QString kindName READ kindName CONSTANT)
 
 public:
     enum class Kind { idle, checking, available, downloading, readyToRelaunch, installing, upToDate, error };
@@ -32,6 +34,7 @@ public:
     static UpdatePhase error(const QString &message);
 
     Kind kind() const { return m_kind; }
+    QString kindName() const;
     // The offered update's display version; empty outside available.
     QString version() const { return m_kind == Kind::available ? m_text : QString(); }
     // Download progress; 0 outside downloading.

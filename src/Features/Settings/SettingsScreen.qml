@@ -1,6 +1,32 @@
 import QtQuick
+import Pitchlark.DesignSystem
+import Pitchlark.Features
 
-Item {
+// The settings page: every change is stored and takes effect at once.
+Column {
+    id: screen
+
     required property QtObject model
     property QtObject updates
+
+    spacing: Theme.rowSpacing + 6
+    bottomPadding: Theme.gutter
+
+    MenuBarSettings {
+        width: parent.width
+        model: screen.model
+    }
+    NotificationSettings {
+        width: parent.width
+        model: screen.model
+    }
+    GlassSettings {
+        width: parent.width
+        model: screen.model
+    }
+    SystemSettings {
+        width: parent.width
+        model: screen.model
+        updates: screen.updates
+    }
 }

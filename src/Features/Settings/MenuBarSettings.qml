@@ -1,0 +1,48 @@
+import QtQuick
+import Pitchlark.DesignSystem
+import Pitchlark.Features
+
+// How often the scores are fetched, and which live match the tray's score follows.
+SettingsSection {
+    id: section
+
+    readonly property var intervals: [
+        { key: "15", title: "15s", accessibleName: "Every 15 seconds" },
+        { key: "30", title: "30s", accessibleName: "Every 30 seconds" },
+        { key: "60", title: "60s", accessibleName: "Every minute" },
+        { key: "300", title: "5m", accessibleName: "Every 5 minutes" }
+    ]
+    readonly property var modes: [
+        { key: "auto", title: "Auto", detail: "Show the first live match" },
+        { key: "pinned", title: "Pinned", detail: "Show the match you pinned" },
+        { key: "rotate", title: "Rotate", detail: "Cycle all live matches" }
+    ]
+    readonly property var currentMode: modes.find(mode => mode.key === model.trayDisplayMode) ?? modes[0]
+
+    title: "Menu Bar"
+
+    RowLabel {
+        width: parent.width
+        title: "Refresh interval"
+        detail: "How often live scores are fetched"
+    }
+    SectionSwitcher {
+        objectName: "refreshInterval"
+        width: parent.width
+        sections: section.intervals
+        current: String(section.model.refreshInterval)
+        onSelected: key => section.model.updateRefreshInterval(Number(key))
+    }
+    RowLabel {
+        width: parent.width
+        title: "Score shown"
+        detail: section.currentMode.detail
+    }
+    SectionSwitcher {
+        objectName: "trayDisplayMode"
+        width: parent.width
+        sections: section.modes
+        current: section.model.trayDisplayMode
+        onSelected: key => section.model.updateTrayDisplayMode(key)
+    }
+}
