@@ -192,6 +192,13 @@ void ModelQueriesTest::dateStrip()
     QCOMPARE(keys.constFirst(), QStringLiteral("2026-06-08"));
     QCOMPARE(keys.at(3), m_model->selectedDate());
     QCOMPARE(keys.constLast(), QStringLiteral("2026-06-21"));
+
+    // The tiles' texts: the key's own day, and nothing for text that is not a key.
+    const QStringList tile{m_model->weekdayShort(keys.at(3)), m_model->dayNumber(keys.at(3)),
+                           m_model->friendlyDate(keys.at(3))};
+    QCOMPARE(tile, QStringList({"Thu", "11", "Thu, Jun 11"}));
+    QCOMPARE(m_model->friendlyDate(QStringLiteral("2026-13-01")), QString());
+    QCOMPARE(m_model->weekdayShort(QString()), QString());
 }
 
 void ModelQueriesTest::teamSearch_data()

@@ -204,6 +204,11 @@ public:
     bool fixtureListSort(const Match &a, const Match &b) const;
     static bool sortMatchesByKickoff(const Match &a, const Match &b);
     Q_INVOKABLE QStringList dateStripKeys() const;
+    // A date key's day as the strip and the headings write it: "Sat, Jun 27", "Sat", "27". Empty for text
+    // that is not a date key.
+    Q_INVOKABLE QString friendlyDate(const QString &dateKey) const;
+    Q_INVOKABLE QString weekdayShort(const QString &dateKey) const;
+    Q_INVOKABLE QString dayNumber(const QString &dateKey) const;
     QSet<QDateTime> computeContestedKickoffs() const;
     Q_INVOKABLE bool isConcurrentMatch(const Match &match) const;
     Q_INVOKABLE QList<Match> matchesForStadiumID(const QString &stadiumID) const;

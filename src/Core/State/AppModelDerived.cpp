@@ -13,7 +13,32 @@ List stablySorted(List list, Less less)
     return list;
 }
 
+// Midday of the key's day in the formatters' zone, so that formatting gives that day back.
+QDateTime middayOf(const QString &dateKey)
+{
+    const QDate day = QDate::fromString(dateKey, Qt::ISODate);
+    return day.isValid() ? QDateTime(day, QTime(12, 0), WCFormatters::shared().timeZone()) : QDateTime();
+}
+
 } // namespace
+
+QString AppModel::friendlyDate(const QString &dateKey) const
+{
+    const QDateTime midday = middayOf(dateKey);
+    return midday.isValid() ? WCFormatters::shared().friendlyDate(midday) : QString();
+}
+
+QString AppModel::weekdayShort(const QString &dateKey) const
+{
+    const QDateTime midday = middayOf(dateKey);
+    return midday.isValid() ? WCFormatters::shared().weekdayShort(midday) : QString();
+}
+
+QString AppModel::dayNumber(const QString &dateKey) const
+{
+    const QDateTime midday = middayOf(dateKey);
+    return midday.isValid() ? WCFormatters::shared().dayNumber(midday) : QString();
+}
 
 void AppModel::rebuildGlobalCaches()
 {

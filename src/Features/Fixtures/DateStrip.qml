@@ -1,7 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
 import Pitchlark.Features
-import "DayKeys.js" as DayKeys
 
 // Two weeks of days around today, each a tile with its weekday and day number; today carries a dot.
 // Choosing a day shows its fixtures.
@@ -47,7 +46,7 @@ Item {
             width: strip.tileWidth
             height: strip.tileHeight
             focusRadius: 14
-            accessibleName: (today ? "Today, " : "") + DayKeys.friendly(modelData)
+            accessibleName: (today ? "Today, " : "") + strip.model.friendlyDate(modelData)
             Accessible.selected: selected
             onClicked: strip.choose(modelData)
 
@@ -63,7 +62,7 @@ Item {
                 spacing: 1
                 Text {
                     anchors.horizontalCenter: parent.horizontalCenter
-                    text: DayKeys.weekday(tile.modelData).toUpperCase()
+                    text: strip.model.weekdayShort(tile.modelData).toUpperCase()
                     textFormat: Text.PlainText
                     font.pixelSize: 10
                     font.weight: Font.DemiBold
@@ -72,7 +71,7 @@ Item {
                 }
                 Text {
                     anchors.horizontalCenter: parent.horizontalCenter
-                    text: DayKeys.dayNumber(tile.modelData)
+                    text: strip.model.dayNumber(tile.modelData)
                     textFormat: Text.PlainText
                     font.pixelSize: 18
                     font.weight: tile.selected ? Font.Bold : Font.DemiBold

@@ -1,7 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
 import Pitchlark.Features
-import "DayKeys.js" as DayKeys
 
 // The day's matches: the date strip, the team filter when one is set, a heading, then one card per match
 // in the model's order (live ones first), or a calm note when there is nothing to show.
@@ -45,7 +44,7 @@ Item {
                     objectName: "dayHeading"
                     anchors.left: parent.left
                     text: screen.filtered ? "All matches"
-                        : (screen.isToday ? "Today · " : "") + DayKeys.friendly(screen.model.selectedDate)
+                        : (screen.isToday ? "Today · " : "") + screen.model.friendlyDate(screen.model.selectedDate)
                     textFormat: Text.PlainText
                     font.pixelSize: 15
                     font.weight: Font.Bold
