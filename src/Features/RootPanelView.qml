@@ -73,7 +73,8 @@ Item {
         anchors.fill: parent
         anchors.margins: root.updateDialogInset
         z: 20
-        active: root.updates !== null
+        // Built only while shown or fading, so an idle panel carries none of it.
+        active: root.updates !== null && (root.updateDialogShown || opacity > 0)
         enabled: root.updateDialogShown
         opacity: root.updateDialogShown ? 1 : 0
         visible: opacity > 0
