@@ -2,10 +2,10 @@
 
 #include "BlurBehind.h"
 #include "State/AppModel.h"
+#include "WindowFade.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QPropertyAnimation>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
@@ -63,7 +63,7 @@ void PanelController::build()
         qFatal("The panel could not be built: %s", qPrintable(component.errorString()));
     m_window->installEventFilter(this);
     connect(m_window.get(), &QWindow::activeChanged, this, &PanelController::onActiveChanged);
-    m_fade = std::make_unique<QPropertyAnimation>(m_window.get(), "opacity");
+    m_fade = std::make_unique<WindowFade>(*m_window);
     applyGlass();
 }
 
@@ -114,7 +114,7 @@ void PanelController::show(const QPoint &position)
     // The compositor learns about the window only once it is mapped.
     m_blurBehind = requestBlurBehind(m_window.get());
     m_window->setProperty("compositorBlurs", m_blurBehind);
-    fadeTo(1, fadeInDuration);
+    m_fade->fadeTo(1, fadeInDuration, QEasingCurve::OutCubic);
 }
 
 void PanelController::hide()
@@ -122,7 +122,12 @@ void PanelController::hide()
     if (!m_shown)
         return;
     m_shown = false;
-    fadeTo(0, fadeOutDuration);
+    m_fade->fadeTo(0, fadeOutDuration, QEasingCurve::InOutQuad, [this] {
+        if (m_shown)
+            return;
+        m_window->hide();
+        m_releaseTimer.start();
+    });
 }
 
 void PanelController::toggle(const QPoint &position)
@@ -136,25 +141,6 @@ void PanelController::toggle(const QPoint &position)
         return;
     }
     show(position);
-}
-
-void PanelController::fadeTo(double opacity, std::chrono::milliseconds duration)
-{
-    m_fade->stop();
-    m_fade->disconnect(this);
-    m_fade->setStartValue(m_window->opacity());
-    m_fade->setEndValue(opacity);
-    m_fade->setDuration(int(duration.count()));
-    m_fade->setEasingCurve(opacity > 0 ? QEasingCurve::OutCubic : QEasingCurve::InOutQuad);
-    if (opacity == 0) {
-        connect(m_fade.get(), &QPropertyAnimation::finished, this, [this] {
-            if (m_shown)
-                return;
-            m_window->hide();
-            m_releaseTimer.start();
-        });
-    }
-    m_fade->start();
 }
 
 void PanelController::onActiveChanged()

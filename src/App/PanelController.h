@@ -11,10 +11,10 @@
 #include <memory>
 
 class AppModel;
-class QPropertyAnimation;
 class QQmlEngine;
 class QQuickWindow;
 class QScreen;
+class WindowFade;
 
 // Owns the frosted panel: places it as a full-height column at the right edge of a screen, fades it in
 // and out, closes it on a click elsewhere or on Escape, and re-applies the glass when the model's glass
@@ -60,13 +60,12 @@ private:
     void release();
     void applyGlass();
     void onActiveChanged();
-    void fadeTo(double opacity, std::chrono::milliseconds duration);
 
     AppModel &m_model;
     QQmlEngine &m_engine;
     QPointer<QObject> m_updates;
     std::unique_ptr<QQuickWindow> m_window;
-    std::unique_ptr<QPropertyAnimation> m_fade;
+    std::unique_ptr<WindowFade> m_fade;
     QTimer m_releaseTimer;
     bool m_shown = false;
     bool m_blurBehind = false;

@@ -1,9 +1,9 @@
 #include "UpdateToastWindowController.h"
 
 #include "UpdateController.h"
+#include "WindowFade.h"
 
 #include <QGuiApplication>
-#include <QPropertyAnimation>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -49,7 +49,7 @@ void UpdateToastWindowController::build()
     };
     connect(m_view, &QQuickItem::implicitWidthChanged, this, refit);
     connect(m_view, &QQuickItem::implicitHeightChanged, this, refit);
-    m_fade = std::make_unique<QPropertyAnimation>(m_window.get(), "opacity");
+    m_fade = std::make_unique<WindowFade>(*m_window);
 }
 
 void UpdateToastWindowController::fitToContent()
@@ -76,7 +76,7 @@ void UpdateToastWindowController::show()
     if (!m_window->isVisible())
         m_window->setOpacity(0);
     m_window->show();
-    fadeTo(1, fadeInDuration);
+    m_fade->fadeTo(1, fadeInDuration, QEasingCurve::InOutQuad);
 }
 
 void UpdateToastWindowController::hide()
@@ -84,22 +84,8 @@ void UpdateToastWindowController::hide()
     if (!m_window || !m_shown)
         return;
     m_shown = false;
-    fadeTo(0, fadeOutDuration);
-}
-
-void UpdateToastWindowController::fadeTo(double opacity, std::chrono::milliseconds duration)
-{
-    m_fade->stop();
-    m_fade->disconnect(this);
-    m_fade->setStartValue(m_window->opacity());
-    m_fade->setEndValue(opacity);
-    m_fade->setDuration(int(duration.count()));
-    m_fade->setEasingCurve(QEasingCurve::InOutQuad);
-    if (opacity == 0) {
-        connect(m_fade.get(), &QPropertyAnimation::finished, this, [this] {
-            if (!m_shown)
-                m_window->hide();
-        });
-    }
-    m_fade->start();
+    m_fade->fadeTo(0, fadeOutDuration, QEasingCurve::InOutQuad, [this] {
+        if (!m_shown)
+            m_window->hide();
+    });
 }

@@ -8,11 +8,11 @@
 #include <chrono>
 #include <memory>
 
-class QPropertyAnimation;
 class QQmlEngine;
 class QQuickItem;
 class QQuickWindow;
 class UpdateController;
+class WindowFade;
 
 // Owns the small window in the top-right corner of the primary screen that reports an update check
 // running in the background. The window is made on the first show and kept for the rest of the run.
@@ -42,12 +42,11 @@ public:
 private:
     void build();
     void fitToContent();
-    void fadeTo(double opacity, std::chrono::milliseconds duration);
 
     QQmlEngine &m_engine;
     UpdateController &m_controller;
     std::unique_ptr<QQuickWindow> m_window;
     QPointer<QQuickItem> m_view;
-    std::unique_ptr<QPropertyAnimation> m_fade;
+    std::unique_ptr<WindowFade> m_fade;
     bool m_shown = false;
 };

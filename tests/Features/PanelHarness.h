@@ -97,3 +97,11 @@ inline void collectTexts(QQuickItem *item, QList<QQuickItem *> &texts)
     for (QQuickItem *child : item->childItems())
         collectTexts(child, texts);
 }
+
+inline QStringList matchIDs(const QList<Match> &matches)
+{
+    QStringList ids;
+    for (const Match &match : matches)
+        ids.append(match.id);
+    return ids;
+}

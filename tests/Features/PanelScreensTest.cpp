@@ -22,14 +22,6 @@ QStringList cardOrder(const Panel &panel)
     return ids;
 }
 
-QStringList matchIDs(const QList<Match> &matches)
-{
-    QStringList ids;
-    for (const Match &match : matches)
-        ids.append(match.id);
-    return ids;
-}
-
 } // namespace
 
 // The fixtures, standings and match screens, driven with the mouse and keyboard through the window.

@@ -27,14 +27,6 @@ QStringList shownInOrder(QQuickItem *root, const QString &prefix, const QStringL
     return ids;
 }
 
-QStringList allMatchIDs(const AppModel &model)
-{
-    QStringList ids;
-    for (const Match &match : model.allMatches())
-        ids.append(match.id);
-    return ids;
-}
-
 } // namespace
 
 // The teams, stadiums and favourites screens and the team and stadium pages, driven through the window.
@@ -164,7 +156,7 @@ void TeamScreensTest::followingFromTheTeamsListFillsFavorites()
         followedMatches.append(match.id);
     QVERIFY(!followedMatches.isEmpty());
     QTRY_COMPARE(shownInOrder(m_panel->window->contentItem(), QStringLiteral("matchCard-"),
-                              allMatchIDs(*m_panel->model)),
+                              matchIDs(m_panel->model->allMatches())),
                  followedMatches);
 
     // Un-starring from the keyboard takes the team off the list again.
@@ -201,7 +193,7 @@ void TeamScreensTest::teamPageShowsNextMatchAndLatestResult()
     QTRY_VERIFY(item(QStringLiteral("teamHero")));
     QCOMPARE(item(QStringLiteral("detailTitle"))->property("text").toString(), QStringLiteral("Mexico"));
 
-    const QStringList ids = allMatchIDs(*m_panel->model);
+    const QStringList ids = matchIDs(m_panel->model->allMatches());
     QQuickItem *nextSection = item(QStringLiteral("nextMatch"));
     QCOMPARE(nextSection ? shownInOrder(nextSection, QStringLiteral("matchCard-"), ids) : QStringList(),
              next.isEmpty() ? QStringList() : QStringList{next});
@@ -256,7 +248,7 @@ void TeamScreensTest::stadiumPageListsItsMatchesByKickoff()
     QCOMPARE(item(QStringLiteral("detailTitle"))->property("text").toString(), name);
     QCOMPARE(item(QStringLiteral("stadiumCapacity"))->property("value").toString(), capacity);
     QTRY_COMPARE(shownInOrder(item(QStringLiteral("stadiumMatches")), QStringLiteral("matchCard-"),
-                              allMatchIDs(*m_panel->model)),
+                              matchIDs(m_panel->model->allMatches())),
                  matches);
 }
 
@@ -287,7 +279,7 @@ void TeamScreensTest::showFixturesFiltersAndReturnsToTheSection()
     QVERIFY(mexico.size() >= 3);
     QTRY_VERIFY(item(QStringLiteral("clearTeamFilter")));
     QStringList listed = shownInOrder(m_panel->window->contentItem(), QStringLiteral("matchCard-"),
-                                      allMatchIDs(*m_panel->model));
+                                      matchIDs(m_panel->model->allMatches()));
     listed.sort();
     mexico.sort();
     QCOMPARE(listed, mexico);
