@@ -14,6 +14,7 @@
 
 #include <QCoro/QCoroTask>
 
+#include <algorithm>
 #include <memory>
 
 // The panel tests' harness: the real panel over a real model fed by an in-process replay. Include it
@@ -103,5 +104,20 @@ inline QStringList matchIDs(const QList<Match> &matches)
     QStringList ids;
     for (const Match &match : matches)
         ids.append(match.id);
+    return ids;
+}
+
+// The ids among candidates whose item (prefix + id) is shown under root, top to bottom.
+inline QStringList shownInOrder(QQuickItem *root, const QString &prefix, const QStringList &candidates)
+{
+    QList<std::pair<qreal, QString>> shown;
+    for (const QString &id : candidates) {
+        if (QQuickItem *item = findVisibleItem(root, prefix + id))
+            shown.append({item->mapToScene({}).y(), id});
+    }
+    std::sort(shown.begin(), shown.end());
+    QStringList ids;
+    for (const auto &entry : shown)
+        ids.append(entry.second);
     return ids;
 }

@@ -10,16 +10,8 @@ namespace {
 
 QStringList cardOrder(const Panel &panel)
 {
-    QList<std::pair<qreal, QString>> cards;
-    for (const Match &match : panel.model->matches()) {
-        if (QQuickItem *card = panel.item(QStringLiteral("matchCard-") + match.id))
-            cards.append({card->mapToScene({}).y(), match.id});
-    }
-    std::sort(cards.begin(), cards.end());
-    QStringList ids;
-    for (const auto &card : cards)
-        ids.append(card.second);
-    return ids;
+    return shownInOrder(panel.window->contentItem(), QStringLiteral("matchCard-"),
+                        matchIDs(panel.model->matches()));
 }
 
 } // namespace

@@ -12,21 +12,6 @@ QDateTime utc(int month, int day, int hour, int minute = 0)
     return {QDate(2026, month, day), QTime(hour, minute), QTimeZone::utc()};
 }
 
-// The ids among candidates whose item (prefix + id) is shown under root, top to bottom.
-QStringList shownInOrder(QQuickItem *root, const QString &prefix, const QStringList &candidates)
-{
-    QList<std::pair<qreal, QString>> shown;
-    for (const QString &id : candidates) {
-        if (QQuickItem *item = findVisibleItem(root, prefix + id))
-            shown.append({item->mapToScene({}).y(), id});
-    }
-    std::sort(shown.begin(), shown.end());
-    QStringList ids;
-    for (const auto &entry : shown)
-        ids.append(entry.second);
-    return ids;
-}
-
 } // namespace
 
 // The teams, stadiums and favourites screens and the team and stadium pages, driven through the window.
