@@ -8,11 +8,11 @@ packages=(
   cmake ninja-build g++ pkg-config clang libclang-rt-14-dev clang-format
   # Qt 6 and QCoro
   qt6-base-dev qt6-base-dev-tools qt6-declarative-dev qt6-declarative-dev-tools
-  qt6-svg-dev qt6-httpserver-dev qt6-websockets-dev qt6-5compat-dev qcoro-qt6-dev
+  qt6-svg-dev qt6-httpserver-dev qt6-websockets-dev qt6-shadertools-dev qcoro-qt6-dev
   libgl-dev libvulkan-dev qt6-qpa-plugins
   qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick
   qml6-module-qtquick-controls qml6-module-qtquick-templates qml6-module-qtquick-layouts
-  qml6-module-qtquick-window qml6-module-qtquick-shapes qml6-module-qt5compat-graphicaleffects
+  qml6-module-qtquick-window qml6-module-qtquick-shapes
   # updates, desktop and tests
   libsodium-dev dbus-daemon dbus-bin xvfb xauth fonts-noto-color-emoji tzdata
   # the real StatusNotifierWatcher the tray tests register with

@@ -1,5 +1,4 @@
 import QtQuick
-import Qt5Compat.GraphicalEffects
 import Pitchlark.DesignSystem
 import Pitchlark.Features
 
@@ -32,6 +31,7 @@ Window {
         id: glass
         anchors.fill: parent
         visible: false
+        layer.enabled: true
 
         Rectangle {
             anchors.fill: parent
@@ -55,6 +55,7 @@ Window {
         id: glassShape
         anchors.fill: parent
         visible: false
+        layer.enabled: true
 
         Rectangle {
             anchors.fill: parent
@@ -70,7 +71,7 @@ Window {
         }
     }
 
-    OpacityMask {
+    AlphaMask {
         anchors.fill: parent
         source: glass
         maskSource: glassShape

@@ -10,8 +10,8 @@
 
 namespace {
 
-// A separable Gaussian blur of the alpha channel, enough for a 150-pixel mask made once.
-QImage blurredAlpha(const QImage &source, double radius)
+// A separable Gaussian blur of the alpha channel, enough for a small image made once, in one colour.
+QImage blurredAlpha(const QImage &source, double radius, QColor colour)
 {
     const int width = source.width();
     const int height = source.height();
@@ -50,10 +50,24 @@ QImage blurredAlpha(const QImage &source, double radius)
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
             const int a = std::clamp(int(std::lround(alpha[size_t(y * width + x)])), 0, 255);
-            result.setPixel(x, y, qRgba(a, a, a, a));
+            result.setPixel(x, y, qPremultiply(qRgba(colour.red(), colour.green(), colour.blue(), a)));
         }
     }
     return result;
+}
+
+QImage softRoundedRect(int side, int inset, double cornerRadius, double blurRadius, QColor colour)
+{
+    QImage shape(side, side, QImage::Format_ARGB32_Premultiplied);
+    shape.fill(Qt::transparent);
+    QPainter painter(&shape);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath rounded;
+    rounded.addRoundedRect(QRectF(inset, inset, side - 2 * inset, side - 2 * inset), cornerRadius,
+                           cornerRadius);
+    painter.fillPath(rounded, Qt::white);
+    painter.end();
+    return blurredAlpha(shape, blurRadius, colour);
 }
 
 } // namespace
@@ -76,27 +90,26 @@ QImage grainTile()
 
 QImage featherMask()
 {
-    QImage shape(maskSide, maskSide, QImage::Format_ARGB32_Premultiplied);
-    shape.fill(Qt::transparent);
-    QPainter painter(&shape);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QPainterPath rounded;
-    rounded.addRoundedRect(QRectF(7, 7, maskSide - 14, maskSide - 14), 26, 26);
-    painter.fillPath(rounded, Qt::white);
-    painter.end();
-    return blurredAlpha(shape, 5);
+    return softRoundedRect(maskSide, 7, 26, 5, Qt::white);
+}
+
+QImage cardShadow()
+{
+    return softRoundedRect(shadowSide, shadowSpread, 20, 6, Qt::black);
 }
 
 } // namespace GlassImages
 
 GlassImageProvider::GlassImageProvider()
     : QQuickImageProvider(QQuickImageProvider::Image), m_grain(GlassImages::grainTile()),
-      m_feather(GlassImages::featherMask())
+      m_feather(GlassImages::featherMask()), m_shadow(GlassImages::cardShadow())
 {}
 
 QImage GlassImageProvider::requestImage(const QString &id, QSize *size, const QSize &)
 {
-    const QImage &image = id == QLatin1StringView("grain") ? m_grain : m_feather;
+    const QImage &image = id == QLatin1StringView("grain")    ? m_grain
+                          : id == QLatin1StringView("shadow") ? m_shadow
+                                                              : m_feather;
     if (size)
         *size = image.size();
     return image;

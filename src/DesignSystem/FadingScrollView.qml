@@ -1,5 +1,4 @@
 import QtQuick
-import Qt5Compat.GraphicalEffects
 
 // A vertical scroll area whose content fades out at its top and bottom edges instead of being cut off,
 // so rows slide softly under the header above it. It scrolls to whatever inside it takes the keyboard
@@ -40,7 +39,7 @@ Item {
         boundsBehavior: Flickable.StopAtBounds
         // Drawn through the mask but still the item that takes clicks and wheel turns.
         layer.enabled: true
-        layer.effect: OpacityMask { maskSource: fade }
+        layer.effect: AlphaMask { maskSource: fade }
         Item {
             id: body
             y: view.topFade
@@ -51,6 +50,7 @@ Item {
         id: fade
         anchors.fill: parent
         visible: false
+        layer.enabled: true
         gradient: Gradient {
             GradientStop { position: 0; color: "transparent" }
             GradientStop { position: view.topFade / Math.max(1, view.height); color: "black" }

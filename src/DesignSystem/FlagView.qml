@@ -1,5 +1,4 @@
 import QtQuick
-import Qt5Compat.GraphicalEffects
 import Pitchlark.DesignSystem
 
 // A team's flag: the image when the feed gives an https address for it, else the flag emoji, else the
@@ -27,17 +26,11 @@ Item {
         asynchronous: true
         cache: true
     }
-    Rectangle {
-        id: shape
-        anchors.fill: parent
-        visible: false
-        radius: flag.cornerRadius
-    }
-    OpacityMask {
+    RoundedClip {
         anchors.fill: parent
         visible: flag.imageShown
         source: image
-        maskSource: shape
+        radius: flag.cornerRadius
     }
     Rectangle {
         anchors.fill: parent

@@ -1,5 +1,4 @@
 import QtQuick
-import Qt5Compat.GraphicalEffects
 import Pitchlark.DesignSystem
 
 // A frosted card: a white surface as opaque as the user's setting, round corners, and a hairline
@@ -24,27 +23,11 @@ Item {
         radius: Theme.cardRadius
         color: card.tint
     }
-    Rectangle {
-        id: outlineShade
+    GradientOutline {
         anchors.fill: parent
-        visible: false
-        gradient: Gradient {
-            GradientStop { position: 0; color: Theme.cardStrokeTop }
-            GradientStop { position: 1; color: Theme.cardStrokeBottom }
-        }
-    }
-    Rectangle {
-        id: outlineShape
-        anchors.fill: parent
-        visible: false
         radius: Theme.cardRadius
-        color: "transparent"
-        border.width: 1
-    }
-    OpacityMask {
-        anchors.fill: parent
-        source: outlineShade
-        maskSource: outlineShape
+        topColor: Theme.cardStrokeTop
+        bottomColor: Theme.cardStrokeBottom
     }
     Item {
         id: body

@@ -1,5 +1,4 @@
 import QtQuick
-import Qt5Compat.GraphicalEffects
 import Pitchlark.DesignSystem
 import Pitchlark.Features
 
@@ -27,12 +26,10 @@ Item {
             onClicked: if (!modal.awaitsAnswer) modal.controller.dismiss()
         }
     }
-    DropShadow {
-        anchors.fill: card
-        source: card
-        radius: modal.cardRadius
-        verticalOffset: 6
-        color: Qt.rgba(0, 0, 0, 0.22)
+    CardShadow {
+        card: card
+        drop: 6
+        opacity: 0.22
     }
     Rectangle {
         id: card

@@ -1,5 +1,4 @@
 import QtQuick
-import Qt5Compat.GraphicalEffects
 import Pitchlark.DesignSystem
 import Pitchlark.Features
 
@@ -21,12 +20,10 @@ Item {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: controller.statusTitle
 
-    DropShadow {
-        anchors.fill: card
-        source: card
-        radius: 12
-        verticalOffset: 3
-        color: Qt.rgba(0, 0, 0, 0.22)
+    CardShadow {
+        card: card
+        drop: 3
+        opacity: 0.22
     }
     Rectangle {
         id: card
