@@ -12,7 +12,7 @@ case "$flavour" in
   release) dir=build;      args=(-DCMAKE_BUILD_TYPE=RelWithDebInfo) ;;
   asan)    dir=build-asan; args=(-DCMAKE_BUILD_TYPE=Debug -DPITCHLARK_SANITIZE=ON) ;;
   fuzz)    dir=build-fuzz; args=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DPITCHLARK_FUZZ=ON
-                                 -DCMAKE_CXX_COMPILER=clang++) ;;
+                                 -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang) ;;
   *) echo "usage: $0 [release|asan|fuzz]" >&2; exit 2 ;;
 esac
 

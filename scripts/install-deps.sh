@@ -13,6 +13,8 @@ packages=(
   qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick
   qml6-module-qtquick-controls qml6-module-qtquick-templates qml6-module-qtquick-layouts
   qml6-module-qtquick-window qml6-module-qtquick-shapes
+  # KWin's blur on Wayland: Qt's native interface, the protocol bindings, and Qt's wayland platform
+  qt6-base-private-dev libwayland-dev libwayland-bin plasma-wayland-protocols wayland-protocols qt6-wayland
   # updates, desktop and tests
   libsodium-dev dbus-daemon dbus-bin xvfb xauth fonts-noto-color-emoji tzdata
   # the real StatusNotifierWatcher the tray tests register with

@@ -1,5 +1,7 @@
 #include "BlurBehind.h"
 
+#include "KWinWaylandBlur.h"
+
 #include <QGuiApplication>
 #include <QWindow>
 
@@ -40,13 +42,8 @@ bool windowManagerSupports(xcb_connection_t *connection, xcb_window_t root, xcb_
     return found;
 }
 
-} // namespace
-
-bool requestBlurBehind(QWindow *window)
+bool requestX11BlurBehind(QWindow *window)
 {
-    // Only the xcb platform speaks X11; asking another platform for its connection is not safe.
-    if (!window || QGuiApplication::platformName() != QLatin1StringView("xcb"))
-        return false;
     auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (!x11)
         return false;
@@ -60,4 +57,19 @@ bool requestBlurBehind(QWindow *window)
                         XCB_ATOM_CARDINAL, 32, 0, nullptr);
     xcb_flush(connection);
     return true;
+}
+
+} // namespace
+
+bool requestBlurBehind(QWindow *window)
+{
+    // Each platform is asked only for its own kind of connection.
+    const QString platform = QGuiApplication::platformName();
+    if (!window)
+        return false;
+    if (platform == QLatin1StringView("xcb"))
+        return requestX11BlurBehind(window);
+    if (platform.startsWith(QLatin1StringView("wayland")))
+        return requestKWinWaylandBlur(window);
+    return false;
 }

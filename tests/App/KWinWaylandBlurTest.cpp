@@ -1,0 +1,97 @@
+#include "BlurBehind.h"
+#include "KWinBlurCompositor.h"
+
+#include <QGuiApplication>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWindow>
+#include <qpa/qplatformnativeinterface.h>
+
+#include <wayland-client.h>
+
+#include <memory>
+
+// The panel's blur on a KWin session that stays on Wayland, through Qt's wayland platform, against a
+// compositor in the test that plays KWin's part.
+class KWinWaylandBlurTest : public QObject {
+    Q_OBJECT
+
+public:
+    explicit KWinWaylandBlurTest(KWinBlurCompositor &compositor) : m_compositor(compositor) {}
+
+private slots:
+    void blursTheWholeSurfaceOfAShownWindow()
+    {
+        const auto window = shownWindow();
+        QVERIFY(requestBlurBehind(window.get()));
+        QTRY_COMPARE(m_compositor.blurs().size(), size_t(1));
+        QTRY_VERIFY(m_compositor.blurs().back().committed);
+        const KWinBlurCompositor::Blur blur = m_compositor.blurs().back();
+        QCOMPARE(blur.surfaceId, surfaceId(window.get()));
+        QVERIFY(blur.wholeSurface);
+        QVERIFY(!blur.released);
+    }
+
+    // A hidden window loses its surface; showing it again must blur the new one and let the old go.
+    void showingAgainBlursTheNewSurface()
+    {
+        const auto window = shownWindow();
+        QVERIFY(requestBlurBehind(window.get()));
+        const size_t first = m_compositor.blurs().size();
+        QTRY_VERIFY(m_compositor.blurs().size() == first + 1 && m_compositor.blurs().back().committed);
+        window->hide();
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+        QVERIFY(requestBlurBehind(window.get()));
+        QTRY_VERIFY(m_compositor.blurs().size() == first + 2 && m_compositor.blurs().back().committed);
+        const auto blurs = m_compositor.blurs();
+        QVERIFY(blurs[first].released);
+        QVERIFY(!blurs.back().released);
+        QCOMPARE(blurs.back().surfaceId, surfaceId(window.get()));
+    }
+
+    void closingTheWindowReleasesItsBlur()
+    {
+        auto window = shownWindow();
+        QVERIFY(requestBlurBehind(window.get()));
+        QTRY_VERIFY(!m_compositor.blurs().empty() && m_compositor.blurs().back().committed);
+        window.reset();
+        QTRY_VERIFY(m_compositor.blurs().back().released);
+    }
+
+private:
+    static std::unique_ptr<QWindow> shownWindow()
+    {
+        auto window = std::make_unique<QWindow>();
+        window->setFlags(Qt::FramelessWindowHint | Qt::Tool);
+        window->resize(388, 600);
+        window->show();
+        if (!QTest::qWaitForWindowExposed(window.get()))
+            qWarning("The window was never shown");
+        return window;
+    }
+
+    static uint32_t surfaceId(QWindow *window)
+    {
+        return wl_proxy_get_id(static_cast<wl_proxy *>(
+            QGuiApplication::platformNativeInterface()->nativeResourceForWindow("surface", window)));
+    }
+
+    KWinBlurCompositor &m_compositor;
+};
+
+int main(int argc, char *argv[])
+{
+    // The compositor's socket goes into a runtime directory of the test's own.
+    const QTemporaryDir runtime;
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime.path()));
+    KWinBlurCompositor compositor;
+    qputenv("WAYLAND_DISPLAY", compositor.socketName().toUtf8());
+    qputenv("QT_QPA_PLATFORM", "wayland");
+    qputenv("QT_WAYLAND_DISABLE_WINDOWDECORATION", "1");
+    QGuiApplication app(argc, argv);
+    KWinWaylandBlurTest test(compositor);
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "KWinWaylandBlurTest.moc"
