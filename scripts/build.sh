@@ -16,5 +16,12 @@ case "$flavour" in
   *) echo "usage: $0 [release|asan|fuzz]" >&2; exit 2 ;;
 esac
 
-cmake -S . -B "$dir" -G Ninja -DPITCHLARK_WERROR="$werror" "${args[@]}" >/dev/null
+# ccache makes rebuilds in fresh clones and other work trees cheap; paths are taken relative to the tree.
+launcher=()
+if command -v ccache >/dev/null; then
+  export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
+  launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_C_COMPILER_LAUNCHER=ccache)
+fi
+
+cmake -S . -B "$dir" -G Ninja -DPITCHLARK_WERROR="$werror" "${launcher[@]}" "${args[@]}" >/dev/null
 cmake --build "$dir"

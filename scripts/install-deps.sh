@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   # toolchain
-  cmake ninja-build g++ pkg-config clang libclang-rt-14-dev clang-format
+  cmake ninja-build ccache g++ pkg-config clang libclang-rt-14-dev clang-format
   # Qt 6 and QCoro
   qt6-base-dev qt6-base-dev-tools qt6-declarative-dev qt6-declarative-dev-tools
   qt6-svg-dev qt6-httpserver-dev qt6-websockets-dev qt6-shadertools-dev qcoro-qt6-dev

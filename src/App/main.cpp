@@ -5,6 +5,7 @@
 
 #include "Notifications/FreedesktopNotificationSender.h"
 #include "State/BackgroundPortalLoginItem.h"
+#include "Support/AppIdentity.h"
 
 #include "SingleInstance.h"
 #include "ThemeSingleton.h"
@@ -110,7 +111,7 @@ int main(int argc, char *argv[])
 {
     QCoreApplication::setApplicationName(QStringLiteral("pitchlark"));
     QCoreApplication::setApplicationVersion(QStringLiteral(PITCHLARK_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral("pitchlark"));
+    QGuiApplication::setDesktopFileName(AppIdentity::appId());
 
     if (argc > 1 && QLatin1StringView(argv[1]) == QLatin1StringView("status")) {
         QStringList arguments;

@@ -1,12 +1,14 @@
 #include "SingleInstance.h"
 
+#include "Support/AppIdentity.h"
+
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 
 namespace {
 
-const QString serviceName = QStringLiteral("com.pitchlark.Pitchlark");
+const QString serviceName = AppIdentity::appId();
 const QString objectPath = QStringLiteral("/com/pitchlark/Pitchlark");
 // A hung first instance must not keep the second one waiting for the bus's default 25 seconds.
 constexpr int toggleTimeoutMs = 3000;

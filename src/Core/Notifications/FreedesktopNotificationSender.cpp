@@ -1,5 +1,7 @@
 #include "FreedesktopNotificationSender.h"
 
+#include "Support/AppIdentity.h"
+
 #include <QDBusMessage>
 #include <QVariantMap>
 
@@ -32,7 +34,7 @@ void FreedesktopNotificationSender::sendToNotificationServer(const QString &iden
         QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
     const QVariantMap hints{
         {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")},
-        {QStringLiteral("desktop-entry"), QStringLiteral("pitchlark")},
+        {QStringLiteral("desktop-entry"), AppIdentity::appId()},
         // Kept with the notification so a server or log can tell events apart.
         {QStringLiteral("x-pitchlark-request-id"), identifier},
     };
