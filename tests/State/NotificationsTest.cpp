@@ -87,7 +87,7 @@ void NotificationsTest::notificationFields()
         QCOMPARE(notification.hints.value(QStringLiteral("sound-name")).toString(),
                  QStringLiteral("message-new-instant"));
         QCOMPARE(notification.hints.value(QStringLiteral("desktop-entry")).toString(),
-                 QStringLiteral("pitchlark"));
+                 QStringLiteral("com.pitchlark.Pitchlark"));
         // Two events of one kind are two notifications: neither replaces the other.
         QCOMPARE(notification.replacesID, 0u);
         requestIDs.append(notification.hints.value(QStringLiteral("x-pitchlark-request-id")).toString());
