@@ -7,12 +7,13 @@ namespace {
 
 using Kind = EndpointFault::Kind;
 
-constexpr std::array<std::pair<Kind, const char *>, 6> kindNames{{{Kind::None, "none"},
+constexpr std::array<std::pair<Kind, const char *>, 7> kindNames{{{Kind::None, "none"},
                                                                   {Kind::Malformed, "malformed"},
                                                                   {Kind::Truncated, "truncated"},
                                                                   {Kind::BareArray, "bare"},
                                                                   {Kind::EmptyList, "empty"},
-                                                                  {Kind::Close, "close"}}};
+                                                                  {Kind::Close, "close"},
+                                                                  {Kind::Drip, "drip"}}};
 
 } // namespace
 
@@ -34,8 +35,8 @@ std::optional<EndpointFault> EndpointFault::fromName(QStringView name, QString *
         return fault;
     }
     if (error) {
-        *error = QStringLiteral("unknown fault \"%1\": use none, malformed, truncated, bare, empty, close "
-                                "or an HTTP status from 400 to 599")
+        *error = QStringLiteral("unknown fault \"%1\": use none, malformed, truncated, bare, empty, close, "
+                                "drip or an HTTP status from 400 to 599")
                      .arg(name);
     }
     return std::nullopt;

@@ -7,9 +7,9 @@
 #include <chrono>
 #include <optional>
 
-// A fault one endpoint shows on purpose, for tests and drills: an HTTP error status, a broken body, or
-// a connection closed without an answer, each optionally after a delay, for every request or only for
-// the next few.
+// A fault one endpoint shows on purpose, for tests and drills: an HTTP error status, a broken body, a
+// connection closed without an answer or an answer that trickles in, each optionally after a delay,
+// for every request or only for the next few.
 struct EndpointFault {
     enum class Kind {
         None,      // the normal answer (possibly delayed)
@@ -19,7 +19,11 @@ struct EndpointFault {
         BareArray, // 200 with the list alone, without its envelope object
         EmptyList, // 200 with the envelope holding an empty list
         Close,     // the connection is closed without an answer
+        Drip,      // 200 with the real body's length declared, then one byte of it every dripInterval
     };
+
+    // Never long enough for a client's stall time-out, so only an overall deadline ends the transfer.
+    static constexpr std::chrono::milliseconds dripInterval{1000};
 
     static constexpr std::chrono::milliseconds maximumDelay{300'000};
 
@@ -28,7 +32,7 @@ struct EndpointFault {
     std::chrono::milliseconds delay{0};
     std::optional<int> remaining; // requests left to spoil; absent means until reset
 
-    // "none", "malformed", "truncated", "bare", "empty", "close", or a status code from 400 to 599.
+    // "none", "malformed", "truncated", "bare", "empty", "close", "drip", or a status from 400 to 599.
     static std::optional<EndpointFault> fromName(QStringView name, QString *error);
     // A delay in whole milliseconds, from 0 to maximumDelay.
     static std::optional<std::chrono::milliseconds> delayFromText(QStringView text, QString *error);

@@ -25,7 +25,7 @@ public:
     // Applies one control command:
     //   {"reset": true}
     //   {"endpoint": "games" | "teams" | "stadiums" | "groups" | "all",
-    //    "fault": "503" | 503 | "malformed" | "truncated" | "bare" | "empty" | "close" | "none",
+    //    "fault": "503" | 503 | "malformed" | "truncated" | "bare" | "empty" | "close" | "drip" | "none",
     //    "delay_ms": 1500, "count": 2}
     // "fault", "delay_ms" and "count" are optional; the endpoint's previous fault is replaced. A bad
     // command changes nothing and gives the reason.

@@ -33,7 +33,7 @@ struct Parser {
     QCommandLineOption fault{
         QStringLiteral("fault"),
         QStringLiteral("Spoil an endpoint (games, teams, stadiums, groups or all): a status "
-                       "from 400 to 599, malformed, truncated, bare, empty or close. "
+                       "from 400 to 599, malformed, truncated, bare, empty, close or drip. "
                        "Repeatable."),
         QStringLiteral("endpoint=fault")};
     QCommandLineOption delay{

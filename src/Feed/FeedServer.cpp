@@ -152,7 +152,31 @@ void FeedServer::answer(FeedEndpoint endpoint, const EndpointFault &fault, QHttp
     case EndpointFault::Kind::Close:
         responder.socket()->disconnectFromHost();
         return;
+    case EndpointFault::Kind::Drip:
+        drip(body(endpoint, now), responder);
+        return;
     }
+}
+
+void FeedServer::drip(const QByteArray &body, QHttpServerResponder &responder)
+{
+    responder.writeStatusLine();
+    responder.writeHeader("Content-Type", jsonType);
+    responder.writeHeader("Content-Length", QByteArray::number(body.size()));
+    QTcpSocket *socket = responder.socket();
+    auto pending = std::make_shared<QHttpServerResponder>(std::move(responder));
+    // Owned by the socket, so the trickle ends when the client goes away.
+    auto *timer = new QTimer(socket);
+    QObject::connect(timer, &QTimer::timeout, timer,
+                     [timer, socket, pending, body, sent = qsizetype(0)]() mutable {
+                         if (socket->state() != QAbstractSocket::ConnectedState || sent == body.size()) {
+                             timer->deleteLater();
+                             return;
+                         }
+                         pending->writeBody(body.constData() + sent, 1);
+                         ++sent;
+                     });
+    timer->start(EndpointFault::dripInterval);
 }
 
 QByteArray FeedServer::control(const QHttpServerRequest &request, bool *ok)

@@ -44,6 +44,7 @@ private:
 
     void serve(FeedEndpoint endpoint, QHttpServerResponder &&responder);
     void answer(FeedEndpoint endpoint, const EndpointFault &fault, QHttpServerResponder &responder);
+    void drip(const QByteArray &body, QHttpServerResponder &responder);
     QJsonArray list(FeedEndpoint endpoint, Instant instant) const;
     QByteArray control(const QHttpServerRequest &request, bool *ok);
 

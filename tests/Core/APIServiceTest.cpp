@@ -1,6 +1,7 @@
 #include "Networking/APIService.h"
 #include "Models/APIResponses.h"
 
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
 #include <QHttpServer>
@@ -11,6 +12,7 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include "FetchAndWait.h"
 #include <QTimeZone>
@@ -57,7 +59,7 @@ const QByteArray goodGames = R"({"games":[{"id":"1","home_team_id":"1","away_tea
 // A peer that accepts one connection and then misbehaves in one way.
 class MisbehavingPeer : public QTcpServer {
 public:
-    enum class Behaviour { neverAnswer, hangUp, announceHugeBody };
+    enum class Behaviour { neverAnswer, hangUp, announceHugeBody, drip };
 
     explicit MisbehavingPeer(Behaviour behaviour) : m_behaviour(behaviour)
     {
@@ -82,6 +84,15 @@ private:
             socket->write(
                 "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: 40000000\r\n\r\n[");
             break;
+        case Behaviour::drip: {
+            // One byte at a time, each well within the stall time-out.
+            socket->write(
+                "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: 1000\r\n\r\n");
+            auto *timer = new QTimer(socket);
+            connect(timer, &QTimer::timeout, socket, [socket] { socket->write(" "); });
+            timer->start(100);
+            break;
+        }
         }
     }
 
@@ -187,19 +198,28 @@ void APIServiceTest::answers()
 
 void APIServiceTest::failedFetchKeepsLastGoodBodyByteForByte()
 {
-    const QByteArray first = "{ \"teams\" : [ {\"id\":\"1\",\"name_en\":\"Mexico\"} ] }\n";
+    const QByteArray first = "{ \"teams\" : [ {\"id\":\"1\",\"name_en\":\"Mexico\"}, {\"id\":\"2\"}, "
+                             "{\"id\":\"3\"} ] }\n";
     serve(200, first);
     QVERIFY(fetchAndWait<APITeamsResponse>(*m_service, APIService::teamsPath));
 
+    // Answers that decode but cannot be the tournament fail too: an empty list, and one that lost most
+    // of what was held (a cut-off array that is still JSON).
     for (const auto &[status, body] : {std::pair{200, QByteArray(R"({"teams":[1,2]})")},
                                        std::pair{200, QByteArray(R"({"teams":[{"id":"1"})")},
+                                       std::pair{200, QByteArray(R"({"teams":[]})")},
+                                       std::pair{200, QByteArray(R"({"teams":[{"id":"1"}]})")},
                                        std::pair{500, QByteArray("oops")}, std::pair{429, QByteArray()}}) {
         serve(status, body);
         QVERIFY(!fetchAndWait<APITeamsResponse>(*m_service, APIService::teamsPath));
         QCOMPARE(readFile(cacheFile(APIService::teamsPath)), first);
     }
+    // A new start knows what was held from the cache alone.
+    serve(200, R"({"teams":[{"id":"1"}]})");
+    APIService restarted;
+    QVERIFY(!fetchAndWait<APITeamsResponse>(restarted, APIService::teamsPath));
 
-    const QByteArray second = R"([{"id":"2","name_en":"South Africa"}])";
+    const QByteArray second = R"([{"id":"2","name_en":"South Africa"},{"id":"4"}])";
     serve(200, second);
     const auto teams = fetchAndWait<APITeamsResponse>(*m_service, APIService::teamsPath);
     QVERIFY(teams);
@@ -217,6 +237,7 @@ void APIServiceTest::transportFailures_data()
     QTest::newRow("hang-up") << MisbehavingPeer::Behaviour::hangUp << QNetworkReply::RemoteHostClosedError;
     QTest::newRow("over 32 MiB") << MisbehavingPeer::Behaviour::announceHugeBody
                                  << QNetworkReply::OperationCanceledError;
+    QTest::newRow("drip past the deadline") << MisbehavingPeer::Behaviour::drip << QNetworkReply::TimeoutError;
     // clang-format on
 }
 
@@ -228,13 +249,17 @@ void APIServiceTest::transportFailures()
     MisbehavingPeer peer(behaviour);
     QVERIFY(peer.isListening());
     qputenv("WC_API_BASE_URL", QByteArray("http://127.0.0.1:") + QByteArray::number(peer.serverPort()));
-    APIService service(std::chrono::milliseconds(300)); // short, so the time-out case doesn't wait 25 s
+    // Short, so the time-out cases don't wait 25 or 60 s.
+    APIService service(std::chrono::milliseconds(300), std::chrono::milliseconds(1500));
+    QElapsedTimer elapsed;
+    elapsed.start();
 
     const auto result = fetchAndWait<APIGamesResponse>(service, APIService::gamesPath);
     QVERIFY(!result);
     QVERIFY(result.error().transportError());
     QCOMPARE(result.error().transportError()->code, expected);
     QVERIFY(!QFile::exists(*service.cacheURL(APIService::gamesPath)));
+    QVERIFY(elapsed.elapsed() < 3000);
 }
 
 void APIServiceTest::cacheTimestampIsNewestFile()

@@ -29,7 +29,9 @@ public:
     AppModel::Services services(std::function<QDateTime()> now = {},
                                 std::unique_ptr<NotificationSender> notifications = {})
     {
-        m_api = std::make_unique<APIService>(std::chrono::milliseconds(2000));
+        // Short limits keep the fault tests quick: a stall ends after 2 s, any request after 4 s.
+        m_api =
+            std::make_unique<APIService>(std::chrono::milliseconds(2000), std::chrono::milliseconds(4000));
         AppModel::Services services;
         services.api = m_api.get();
         services.now = std::move(now);

@@ -1,6 +1,7 @@
 #include "FeedServer.h"
 #include "ModelFixture.h"
 
+#include <QFile>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -24,6 +25,12 @@ private slots:
 private:
     void setFault(const char *endpoint, const QJsonValue &fault, int delayMs = 0);
     void fetch(AppModel &model) { QCoro::waitFor(model.fetchAll()); }
+
+    static QByteArray readFile(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 
     const QDateTime m_at{QDate(2026, 6, 27), QTime(21, 30), QTimeZone::utc()};
     std::unique_ptr<FeedServer> m_feed;
@@ -109,6 +116,8 @@ void RefreshCycleTest::failures_data()
         << QStringList{"games:503", "teams:503", "stadiums:503"} << true << false << true;
     QTest::newRow("nothing answers after a good cycle")
         << QStringList{"games:503", "groups:empty"} << true << false << false;
+    QTest::newRow("empty answers after a good cycle") << QStringList{"all:empty"} << true << false << false;
+    QTest::newRow("games drip past the deadline") << QStringList{"games:drip"} << true << false << true;
     // clang-format on
 }
 
@@ -126,6 +135,8 @@ void RefreshCycleTest::failures()
         QVERIFY(!model->allMatches().isEmpty());
     }
     const QDateTime stampBefore = model->lastUpdated();
+    const QString gamesCache = *m_fixture->api().cacheURL(APIService::gamesPath);
+    const QByteArray cachedGames = readFile(gamesCache);
     for (const QString &fault : faults) {
         const QStringList parts = fault.split(u':');
         setFault(parts.at(0).toLatin1().constData(), parts.at(1));
@@ -137,8 +148,16 @@ void RefreshCycleTest::failures()
              showsMessage ? std::optional(AppModel::unreachableMessage) : std::nullopt);
     QCOMPARE(model->lastUpdated(), stampMoves ? clock : stampBefore);
     QVERIFY(!model->isLoading());
-    if (earlierData)
+    if (earlierData) {
         QCOMPARE(model->allMatches().size(), 104);
+        QCOMPARE(readFile(gamesCache), cachedGames);
+    }
+
+    // Whatever went wrong, the next cycle runs and brings the tournament.
+    QVERIFY(!m_feed->faults().apply({{"reset", true}}));
+    fetch(*model);
+    QCOMPARE(model->allMatches().size(), 104);
+    QCOMPARE(model->errorMessage(), std::nullopt);
 }
 
 void RefreshCycleTest::offlineStartFromCache()

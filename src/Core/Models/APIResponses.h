@@ -14,19 +14,23 @@
 struct APIGamesResponse {
     QList<APIGame> games;
     static Result<APIGamesResponse, DecodeError> decode(const QByteArray &body);
+    qsizetype size() const { return games.size(); }
 };
 
 struct APITeamsResponse {
     QList<APITeam> teams;
     static Result<APITeamsResponse, DecodeError> decode(const QByteArray &body);
+    qsizetype size() const { return teams.size(); }
 };
 
 struct APIStadiumsResponse {
     QList<APIStadium> stadiums;
     static Result<APIStadiumsResponse, DecodeError> decode(const QByteArray &body);
+    qsizetype size() const { return stadiums.size(); }
 };
 
 struct APIGroupsResponse {
     QList<APIGroup> groups;
     static Result<APIGroupsResponse, DecodeError> decode(const QByteArray &body);
+    qsizetype size() const { return groups.size(); }
 };

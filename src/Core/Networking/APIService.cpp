@@ -4,10 +4,12 @@
 #include "Support/Logging.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QUrl>
 
 #include <QCoro/QCoroNetworkReply>
@@ -37,7 +39,8 @@ QString trimmedOfSpacesAndTabs(const QString &text)
 
 } // namespace
 
-APIService::APIService(std::chrono::milliseconds transferTimeout) : m_transferTimeout(transferTimeout)
+APIService::APIService(std::chrono::milliseconds transferTimeout, std::chrono::milliseconds requestDeadline)
+    : m_transferTimeout(transferTimeout), m_requestDeadline(requestDeadline)
 {
     // Every request goes to the network: there is deliberately no QNetworkDiskCache, and Qt's default
     // redirect policy already refuses to follow https to http.
@@ -85,6 +88,14 @@ QCoro::Task<Result<QByteArray, FetchError>> APIService::fetchBody(const QString 
         co_return BodyResult::failure(request.error());
 
     std::unique_ptr<QNetworkReply, ReplyDeleter> reply(m_network.get(*request));
+    bool pastDeadline = false;
+    QTimer deadline;
+    deadline.setSingleShot(true);
+    QObject::connect(&deadline, &QTimer::timeout, reply.get(), [&pastDeadline, raw = reply.get()] {
+        pastDeadline = true;
+        raw->abort();
+    });
+    deadline.start(m_requestDeadline);
     bool oversized = false;
     QObject::connect(reply.get(), &QNetworkReply::downloadProgress, reply.get(),
                      [&oversized, raw = reply.get()](qint64 received, qint64 total) {
@@ -95,6 +106,11 @@ QCoro::Task<Result<QByteArray, FetchError>> APIService::fetchBody(const QString 
                      });
     co_await reply.get();
 
+    if (pastDeadline) {
+        qCDebug(lcNetwork) << path << "gave no complete answer within" << m_requestDeadline.count() << "ms";
+        co_return BodyResult::failure(
+            TransportError{QNetworkReply::TimeoutError, QStringLiteral("No complete answer in time.")});
+    }
     if (oversized) {
         qCDebug(lcNetwork) << path << "body over" << maximumBodySize << "bytes";
         co_return BodyResult::failure(TransportError{QNetworkReply::OperationCanceledError,
@@ -138,6 +154,36 @@ std::optional<QString> APIService::cacheURL(const QString &path) const
         return std::nullopt;
     const QString fileName = path.split(u'/', Qt::SkipEmptyParts).join(u'_') + QStringLiteral(".json");
     return *directory + u'/' + fileName;
+}
+
+std::optional<DecodeError> APIService::implausible(const QString &path, qsizetype count, qsizetype held)
+{
+    // From the draw on, the tournament has 104 games, 48 teams, 16 stadiums and 12 groups, and none of
+    // them goes away: an empty list, or one that lost most of its records (a truncated array that is
+    // still valid JSON), is the service failing, never the truth.
+    if (count == 0)
+        return DecodeError{QStringLiteral("the answer lists nothing")};
+    if (count * 2 >= held) {
+        m_reportedShrinks.remove(path);
+        return std::nullopt;
+    }
+    if (!m_reportedShrinks.contains(path)) {
+        m_reportedShrinks.insert(path);
+        qCInfo(lcNetwork).noquote() << path << "listed" << count << "records where" << held
+                                    << "were held; keeping the last good answer";
+    }
+    return DecodeError{QStringLiteral("the answer lists %1 records where %2 were held").arg(count).arg(held)};
+}
+
+QByteArray APIService::readCache(const QString &path) const
+{
+    const auto file = cacheURL(path);
+    if (!file)
+        return {};
+    QFile cached(*file);
+    if (cached.size() > maximumBodySize || !cached.open(QIODevice::ReadOnly))
+        return {};
+    return cached.readAll();
 }
 
 void APIService::writeCache(const QString &path, const QByteArray &body) const

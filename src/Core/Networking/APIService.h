@@ -7,8 +7,10 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QHash>
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
+#include <QSet>
 #include <QString>
 
 #include <QCoro/QCoroTask>
@@ -21,7 +23,10 @@
 // decodes them, and keeps the last body that decoded of each as a file so the next start has data.
 class APIService {
 public:
+    // Fires when a transfer stalls, as the data service's own clients do.
     static constexpr std::chrono::milliseconds defaultTransferTimeout{25'000};
+    // Ends a request whatever it is doing, so that a server dripping bytes cannot hold a fetch for ever.
+    static constexpr std::chrono::milliseconds defaultRequestDeadline{60'000};
     // Real bodies are about 60 KB; anything this large is not a tournament feed.
     static constexpr qint64 maximumBodySize = 32 * 1024 * 1024;
 
@@ -30,7 +35,8 @@ public:
     static inline const QString stadiumsPath = QStringLiteral("/get/stadiums");
     static inline const QString groupsPath = QStringLiteral("/get/groups");
 
-    explicit APIService(std::chrono::milliseconds transferTimeout = defaultTransferTimeout);
+    explicit APIService(std::chrono::milliseconds transferTimeout = defaultTransferTimeout,
+                        std::chrono::milliseconds requestDeadline = defaultRequestDeadline);
     APIService(const APIService &) = delete;
     APIService &operator=(const APIService &) = delete;
 
@@ -42,7 +48,9 @@ public:
     static QString baseURL();
     Result<QNetworkRequest, AppError> makeRequest(const QString &path) const;
 
-    // Fetches one endpoint and decodes it into its envelope (APIGamesResponse and the like).
+    // Fetches one endpoint and decodes it into its envelope (APIGamesResponse and the like). An answer
+    // that lists nothing, or less than half of what the last good answer listed, fails like a body
+    // that does not decode: the cache and the model keep the last good data.
     template<typename Envelope>
     QCoro::Task<Result<Envelope, FetchError>> decode(const QString &path)
     {
@@ -52,7 +60,10 @@ public:
         auto envelope = Envelope::decode(*body);
         if (!envelope)
             co_return Result<Envelope, FetchError>::failure(envelope.error());
+        if (auto refusal = implausible(path, envelope->size(), heldCount<Envelope>(path)))
+            co_return Result<Envelope, FetchError>::failure(std::move(*refusal));
         writeCache(path, *body);
+        m_heldCounts.insert(path, envelope->size());
         co_return std::move(envelope).value();
     }
 
@@ -64,11 +75,27 @@ public:
     static MatchStatus status(const APIGame &game);
 
 private:
+    // How many records the last good answer of the endpoint listed: this run's, else the cached one's.
+    template<typename Envelope>
+    qsizetype heldCount(const QString &path)
+    {
+        if (!m_heldCounts.contains(path)) {
+            const auto cached = Envelope::decode(readCache(path));
+            m_heldCounts.insert(path, cached ? cached->size() : 0);
+        }
+        return m_heldCounts.value(path);
+    }
+    std::optional<DecodeError> implausible(const QString &path, qsizetype count, qsizetype held);
+    QByteArray readCache(const QString &path) const;
+
     QCoro::Task<Result<QByteArray, FetchError>> fetchBody(const QString &path);
     void writeCache(const QString &path, const QByteArray &body) const;
     const std::optional<QString> &cacheDirectory() const;
 
     std::chrono::milliseconds m_transferTimeout;
+    std::chrono::milliseconds m_requestDeadline;
+    QHash<QString, qsizetype> m_heldCounts;
+    QSet<QString> m_reportedShrinks;
     QNetworkAccessManager m_network;
     mutable std::optional<std::optional<QString>> m_cacheDirectory;
 };
