@@ -47,10 +47,8 @@ void preferX11OnWayland()
 int runToggle(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
-    if (SingleInstance::toggleRunningInstance())
-        return 0;
-    QTextStream(stderr) << "Pitchlark is not running.\n";
-    return 1;
+    QTextStream errors(stderr);
+    return SingleInstance::toggleRunningInstance(errors);
 }
 
 int runTrayApp(int argc, char *argv[])
@@ -77,11 +75,10 @@ int runTrayApp(int argc, char *argv[])
     parser.process(app);
 
     // One Pitchlark a session: a second start opens or closes the first one's panel instead.
-    if (SingleInstance::toggleRunningInstance())
-        return 0;
     SingleInstance instance;
-    if (!instance.claim() && SingleInstance::toggleRunningInstance())
-        return 0;
+    QTextStream errors(stderr);
+    if (const auto exitCode = instance.claimOrHandOver(errors))
+        return *exitCode;
 
     DemoProfile demoProfile;
     AppModel::Services services;

@@ -12,6 +12,8 @@
 #include <QTest>
 #include <QtEndian>
 
+#include <csignal>
+
 // The tray item on a private session bus (CTest runs this under dbus-run-session) against Debian's real
 // status-notifier-watcher. No tray host runs here, so the test plays the host: it reads properties,
 // asks for the menu and sends clicks from a connection of its own, as a panel would.
@@ -389,34 +391,56 @@ void StatusNotifierTrayTest::factoryPicksStatusNotifierItem()
 
 void StatusNotifierTrayTest::secondInstance_data()
 {
-    QTest::addColumn<bool>("firstRunning");
+    QTest::addColumn<QString>("first"); // "none", "here" (this process) or "stopped" (a SIGSTOPped process)
     QTest::addColumn<QString>("secondDoes");
     QTest::addColumn<int>("secondExitCode");
     QTest::addColumn<int>("toggles");
+    QTest::addColumn<QString>("message"); // %1: the first instance's pid
 
+    const QString hung = QStringLiteral("Pitchlark is running but not responding (pid %1).\n");
     // clang-format off
-    QTest::newRow("second start toggles the first") << true << "toggle" << 0 << 1;
-    QTest::newRow("nobody to toggle") << false << "toggle" << 1 << 0;
-    QTest::newRow("the name stays with the first") << true << "claim" << 1 << 0;
+    QTest::newRow("second start toggles the first") << "here" << "start" << 0 << 1 << "";
+    QTest::newRow("--toggle toggles the first") << "here" << "toggle" << 0 << 1 << "";
+    QTest::newRow("nobody to toggle") << "none" << "toggle" << 1 << 0 << "Pitchlark is not running.\n";
+    QTest::newRow("nobody there: the start is the instance") << "none" << "start" << 3 << 0 << "";
+    QTest::newRow("first stopped: the start gives up") << "stopped" << "start" << 2 << 0 << hung;
+    QTest::newRow("first stopped: --toggle says so") << "stopped" << "toggle" << 2 << 0 << hung;
     // clang-format on
 }
 
 void StatusNotifierTrayTest::secondInstance()
 {
-    QFETCH(bool, firstRunning);
+    QFETCH(QString, first);
     QFETCH(QString, secondDoes);
-    SingleInstance first;
-    if (firstRunning)
-        QVERIFY(first.claim());
-    QSignalSpy toggles(&first, &SingleInstance::toggleRequested);
+    QFETCH(QString, message);
+    SingleInstance here;
+    QTextStream quiet(stderr);
+    if (first == u"here")
+        QCOMPARE(here.claimOrHandOver(quiet), std::nullopt);
+    QSignalSpy toggles(&here, &SingleInstance::toggleRequested);
+    QProcess stopped;
+    if (first == u"stopped") {
+        stopped.start(QStringLiteral(SECOND_INSTANCE_BINARY), {QStringLiteral("serve")});
+        QVERIFY(stopped.waitForReadyRead());
+        QCOMPARE(stopped.readAllStandardOutput(), QByteArray("owner\n"));
+        ::kill(pid_t(stopped.processId()), SIGSTOP);
+    }
 
     // The first instance must keep serving the bus while the second one waits for its answer.
     QProcess second;
     second.start(QStringLiteral(SECOND_INSTANCE_BINARY), {secondDoes});
-    QTRY_COMPARE(second.state(), QProcess::NotRunning);
+    QTRY_COMPARE_WITH_TIMEOUT(second.state(), QProcess::NotRunning, 2 * SingleInstance::toggleTimeoutMs);
     QCOMPARE(second.exitStatus(), QProcess::NormalExit);
     QTEST(second.exitCode(), "secondExitCode");
     QTEST(int(toggles.size()), "toggles");
+    QCOMPARE(QString::fromLocal8Bit(second.readAllStandardError()), message.arg(stopped.processId()));
+    if (first == u"stopped") {
+        // The name stayed with the stopped process: no second poller started.
+        QCOMPARE(m_host.interface()->servicePid(QStringLiteral("com.pitchlark.Pitchlark")).value(),
+                 uint(stopped.processId()));
+        ::kill(pid_t(stopped.processId()), SIGKILL);
+        stopped.waitForFinished();
+    }
 }
 
 QTEST_MAIN(StatusNotifierTrayTest)

@@ -10,8 +10,26 @@ namespace {
 
 const QString serviceName = AppIdentity::appId();
 const QString objectPath = QStringLiteral("/com/pitchlark/Pitchlark");
-// A hung first instance must not keep the second one waiting for the bus's default 25 seconds.
-constexpr int toggleTimeoutMs = 3000;
+
+int report(SingleInstance::Toggle outcome, QTextStream &errors)
+{
+    switch (outcome) {
+    case SingleInstance::Toggle::toggled:
+        return 0;
+    case SingleInstance::Toggle::notRunning:
+        errors << "Pitchlark is not running.\n";
+        return 1;
+    case SingleInstance::Toggle::notResponding: {
+        const auto pid = QDBusConnection::sessionBus().interface()->servicePid(serviceName);
+        errors << "Pitchlark is running but not responding";
+        if (pid.isValid())
+            errors << " (pid " << pid.value() << ")";
+        errors << ".\n";
+        return 2;
+    }
+    }
+    Q_UNREACHABLE();
+}
 
 } // namespace
 
@@ -24,30 +42,62 @@ SingleInstance::~SingleInstance()
     bus.unregisterObject(objectPath);
 }
 
-bool SingleInstance::toggleRunningInstance()
+SingleInstance::Toggle SingleInstance::askToToggle()
 {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
-        return false;
+        return Toggle::notRunning;
     QDBusMessage call =
         QDBusMessage::createMethodCall(serviceName, objectPath, serviceName, QStringLiteral("Toggle"));
     call.setAutoStartService(false);
-    return bus.call(call, QDBus::Block, toggleTimeoutMs).type() == QDBusMessage::ReplyMessage;
+    const QDBusMessage reply = bus.call(call, QDBus::Block, toggleTimeoutMs);
+    if (reply.type() == QDBusMessage::ReplyMessage)
+        return Toggle::toggled;
+    const QString error = reply.errorName();
+    if (error == QLatin1StringView("org.freedesktop.DBus.Error.ServiceUnknown") ||
+        error == QLatin1StringView("org.freedesktop.DBus.Error.NameHasNoOwner"))
+        return Toggle::notRunning;
+    // A time-out, or an owner that cannot serve the call: either way someone holds the name.
+    return Toggle::notResponding;
 }
 
-bool SingleInstance::claim()
+int SingleInstance::toggleRunningInstance(QTextStream &errors)
+{
+    return report(askToToggle(), errors);
+}
+
+SingleInstance::Claim SingleInstance::claim()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected() || !bus.registerObject(objectPath, this, QDBusConnection::ExportScriptableSlots))
-        return false;
+    if (!bus.isConnected())
+        return Claim::noBus;
+    if (!bus.registerObject(objectPath, this, QDBusConnection::ExportScriptableSlots))
+        return Claim::taken;
     // Never queue for the name: a second owner-in-waiting would take over silently later.
     const auto reply =
         bus.interface()->registerService(serviceName, QDBusConnectionInterface::DontQueueService,
                                          QDBusConnectionInterface::DontAllowReplacement);
-    if (!reply.isValid() || reply.value() != QDBusConnectionInterface::ServiceRegistered) {
+    if (!reply.isValid()) {
         bus.unregisterObject(objectPath);
-        return false;
+        return Claim::noBus;
+    }
+    if (reply.value() != QDBusConnectionInterface::ServiceRegistered) {
+        bus.unregisterObject(objectPath);
+        return Claim::taken;
     }
     m_claimed = true;
-    return true;
+    return Claim::owned;
+}
+
+std::optional<int> SingleInstance::claimOrHandOver(QTextStream &errors)
+{
+    // Twice, for an owner that quits between the claim and the toggle.
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        if (claim() != Claim::taken)
+            return std::nullopt;
+        const Toggle outcome = askToToggle();
+        if (outcome != Toggle::notRunning)
+            return report(outcome, errors);
+    }
+    return report(Toggle::notRunning, errors);
 }
