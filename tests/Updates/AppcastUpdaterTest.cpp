@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <limits>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -176,6 +178,7 @@ void AppcastUpdaterTest::userCheck()
 
 void AppcastUpdaterTest::failedDownloadsInstallNothing_data()
 {
+    QTest::addColumn<qint64>("announced");
     QTest::addColumn<QByteArray>("served");
     QTest::addColumn<QByteArray>("signature");
     QTest::addColumn<int>("status");
@@ -188,22 +191,28 @@ void AppcastUpdaterTest::failedDownloadsInstallNothing_data()
     const QString badSignature = QStringLiteral("The update's signature isn't valid.");
 
     // clang-format off
-    QTest::newRow("one byte changed in transit") << tampered << signature << 200 << badSignature;
-    QTest::newRow("signed with another key") << m_release << stranger.sign(m_release) << 200 << badSignature;
-    QTest::newRow("unsigned") << m_release << QByteArray() << 200 << QStringLiteral("The update isn't signed.");
-    QTest::newRow("truncated") << m_release.left(m_release.size() / 2) << signature << 200 << QStringLiteral("The update download was incomplete.");
-    QTest::newRow("oversized") << m_release + QByteArray(AppcastUpdater::lengthMargin + 1, 'x') << signature << 200 << QStringLiteral("The update is larger than announced.");
-    QTest::newRow("missing on the server") << QByteArray("not here") << signature << 404 << QStringLiteral("The update couldn't be downloaded. Check your connection and try again.");
+    const qint64 size = m_release.size();
+    const QString tooLarge = QStringLiteral("The update is too large.");
+    QTest::newRow("one byte changed in transit") << size << tampered << signature << 200 << badSignature;
+    QTest::newRow("signed with another key") << size << m_release << stranger.sign(m_release) << 200 << badSignature;
+    QTest::newRow("unsigned") << size << m_release << QByteArray() << 200 << QStringLiteral("The update isn't signed.");
+    QTest::newRow("truncated") << size << m_release.left(size / 2) << signature << 200 << QStringLiteral("The update download was incomplete.");
+    QTest::newRow("longer than announced") << size << m_release + 'x' << signature << 200 << QStringLiteral("The update is larger than announced.");
+    QTest::newRow("announced above the cap") << AppcastUpdater::maximumUpdateSize + 1 << m_release << signature << 200 << tooLarge;
+    QTest::newRow("announced near INT64_MAX") << std::numeric_limits<qint64>::max() << m_release << signature << 200 << tooLarge;
+    QTest::newRow("missing on the server") << size << QByteArray("not here") << signature << 404 << QStringLiteral("The update couldn't be downloaded. Check your connection and try again.");
     // clang-format on
 }
 
 void AppcastUpdaterTest::failedDownloadsInstallNothing()
 {
+    QFETCH(qint64, announced);
     QFETCH(QByteArray, served);
     QFETCH(QByteArray, signature);
     QFETCH(int, status);
     QFETCH(QString, message);
-    m_server.setAppcast(appcast("2.0", m_server.releaseURL(), m_release.size(), signature));
+    m_server.setAppcast(appcast("2.0", m_server.releaseURL(), announced, signature));
+    const int requestsBefore = m_server.releaseRequests();
     m_server.setRelease(served, QHttpServerResponse::StatusCode(status));
     Installation installation;
     UpdateController controller(std::make_unique<AppcastUpdater>(installation.options(m_server, m_key)),
@@ -221,6 +230,9 @@ void AppcastUpdaterTest::failedDownloadsInstallNothing()
     QCOMPARE(QFile::permissions(installation.appImagePath), appImageMode);
     QCOMPARE(installation.folderEntries(), QStringList{"Pitchlark.AppImage"});
     QCOMPARE(installation.relaunched, QStringList{});
+    // An announced length over the cap is refused before anything is asked for.
+    QCOMPARE(m_server.releaseRequests() - requestsBefore,
+             announced > AppcastUpdater::maximumUpdateSize ? 0 : 1);
 }
 
 void AppcastUpdaterTest::goodUpdateReplacesTheAppImageAndRelaunches()

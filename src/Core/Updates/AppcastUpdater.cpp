@@ -15,6 +15,7 @@
 #include <QProcess>
 #include <QPromise>
 #include <QSettings>
+#include <QStorageInfo>
 #include <QThreadPool>
 
 #include <QCoro/QCoroFuture>
@@ -201,8 +202,17 @@ QCoro::Task<> AppcastUpdater::download(AppcastItem item)
         fail(QStringLiteral("The update's address isn't secure."));
         co_return;
     }
+    if (item.length > maximumUpdateSize) {
+        fail(QStringLiteral("The update is too large."));
+        co_return;
+    }
     // Next to the AppImage, so that putting it in place is a rename within one file system.
     const QFileInfo appImage(m_options.appImagePath);
+    const QStorageInfo storage(appImage.absolutePath());
+    if (storage.isValid() && storage.bytesAvailable() < item.length) {
+        fail(QStringLiteral("There isn't enough free disk space for the update."));
+        co_return;
+    }
     auto file = std::make_unique<QTemporaryFile>(appImage.absolutePath() + QStringLiteral("/.") +
                                                  appImage.fileName() + QStringLiteral(".update-XXXXXX"));
     if (!file->open()) {
@@ -213,7 +223,7 @@ QCoro::Task<> AppcastUpdater::download(AppcastItem item)
     m_driver->showDownloadInitiated({});
     m_driver->showDownloadDidReceiveExpectedContentLength(quint64(item.length));
     const auto failure = co_await transferBounded(
-        *m_network, request(item.url), *file, item.length + lengthMargin,
+        *m_network, request(item.url), *file, item.length,
         [driver = m_driver](qint64 length) { driver->showDownloadDidReceiveDataOfLength(quint64(length)); });
     if (!guard)
         co_return;

@@ -45,8 +45,9 @@ public:
         static Options fromEnvironment();
     };
 
-    // A release may be this much larger than its appcast announces.
-    static constexpr qint64 lengthMargin = 64 * 1024;
+    // The appcast is not signed, so its announced length is checked against this before anything is
+    // downloaded; a release is a few tens of MiB.
+    static constexpr qint64 maximumUpdateSize = 512 * 1024 * 1024;
     static constexpr qint64 maximumAppcastSize = 4 * 1024 * 1024;
 
     explicit AppcastUpdater(Options options, QObject *parent = nullptr);
