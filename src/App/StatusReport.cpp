@@ -185,8 +185,9 @@ QByteArray waybar(const AppModel &model)
     }
     if (tooltip.isEmpty())
         tooltip << QStringLiteral("No match is live.");
-    const QJsonObject line{{QStringLiteral("text"), model.trayTitle().value_or(QString())},
-                           {QStringLiteral("tooltip"), tooltip.join(u'\n')},
+    // waybar reads both as Pango markup; escaped here, a team name is shown as written.
+    const QJsonObject line{{QStringLiteral("text"), model.trayTitle().value_or(QString()).toHtmlEscaped()},
+                           {QStringLiteral("tooltip"), tooltip.join(u'\n').toHtmlEscaped()},
                            {QStringLiteral("class"), cssClass}};
     return QJsonDocument(line).toJson(QJsonDocument::Compact);
 }

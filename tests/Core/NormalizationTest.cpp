@@ -1,6 +1,7 @@
 #include "State/Normalization.h"
 #include "Models/APIResponses.h"
 #include "Networking/APIService.h"
+#include "State/PlainFeedText.h"
 
 #include <QFile>
 #include <QTest>
@@ -29,6 +30,8 @@ private slots:
     void seedTournament();
     void seedKickoffLabels_data();
     void seedKickoffLabels();
+    void plainText_data();
+    void plainText();
 
 private:
     struct Seed {
@@ -419,6 +422,31 @@ void NormalizationTest::seedKickoffLabels()
         if (game.id == QLatin1StringView("104"))
             QTEST(match.kickoffLabel, "finalLabel");
     }
+}
+
+void NormalizationTest::plainText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("shown");
+
+    const QString rlo(QChar(0x202e));
+    const QString flag = QStringLiteral("🇵🇦");
+    // clang-format off
+    QTest::newRow("plain stays") << "Côte d'Ivoire <3 & co" << "Côte d'Ivoire <3 & co";
+    QTest::newRow("NUL dropped") << QStringLiteral("Pan") + QChar(0) + QStringLiteral("ama") << "Panama";
+    QTest::newRow("line breaks become spaces") << "Pan\r\nama\tFC" << "Pan  ama FC";
+    QTest::newRow("bidi override dropped") << rlo + "Panama" + QChar(0x2069) << "Panama";
+    QTest::newRow("C1 control dropped") << QStringLiteral("Pa") + QChar(0x9b) + QStringLiteral("nama") << "Panama";
+    QTest::newRow("at the cap") << QString(200, u'x') << QString(200, u'x');
+    QTest::newRow("over the cap") << QString(10'000, u'x') << QString(199, u'x') + u'…';
+    QTest::newRow("no half emoji at the cut") << QString(198, u'x') + flag << QString(198, u'x') + u'…';
+    // clang-format on
+}
+
+void NormalizationTest::plainText()
+{
+    QFETCH(QString, text);
+    QTEST(PlainFeedText::plain(text), "shown");
 }
 
 QTEST_GUILESS_MAIN(NormalizationTest)

@@ -202,6 +202,9 @@ void StatusNotifierTrayTest::labelFollowsTitle_data()
     QTest::newRow("full time clears it") << QStringList{score, ""} << QStringList{score, ""} << "Pitchlark";
     QTest::newRow("same score again is quiet") << QStringList{score, score} << QStringList{score} << score;
     QTest::newRow("no live match from the start") << QStringList{""} << QStringList{} << "Pitchlark";
+    // Hosts render tooltips as markup and labels as plain text.
+    QTest::newRow("markup in a title") << QStringList{"<b>P&A</b> 1–0"} << QStringList{"<b>P&A</b> 1–0"}
+                                       << "&lt;b&gt;P&amp;A&lt;/b&gt; 1–0";
     // clang-format on
 }
 
@@ -223,7 +226,7 @@ void StatusNotifierTrayTest::labelFollowsTitle()
     for (const QString &title : std::as_const(titles))
         item.setTitle(title);
     item.setLiveMatches(
-        {QStringLiteral("Panama 0–2 England · 67′"), QStringLiteral("Croatia 1–1 Ghana · 64′")});
+        {QStringLiteral("Panama 0–2 England · 67′"), QStringLiteral("<i>Croatia</i> 1–1 Ghana · 64′")});
 
     QCOMPARE(itemProperty(item, "XAyatanaLabel").toString(), titles.constLast());
     QCOMPARE(itemProperty(item, "XAyatanaLabelGuide").toString(), QStringLiteral("WWW 10–10 WWW"));
@@ -231,7 +234,8 @@ void StatusNotifierTrayTest::labelFollowsTitle()
     QCOMPARE(toolTipArgument.currentSignature(), QStringLiteral("(sa(iiay)ss)"));
     const auto toolTip = qdbus_cast<StatusNotifierToolTip>(toolTipArgument);
     QTEST(toolTip.title, "toolTipTitle");
-    QCOMPARE(toolTip.description, QStringLiteral("Panama 0–2 England · 67′\nCroatia 1–1 Ghana · 64′"));
+    QCOMPARE(toolTip.description,
+             QStringLiteral("Panama 0–2 England · 67′\n&lt;i&gt;Croatia&lt;/i&gt; 1–1 Ghana · 64′"));
     QTEST(m_labels, "labelSignals");
     // One tooltip signal per change of title, and one for the live matches.
     QFETCH(QStringList, labelSignals);

@@ -119,8 +119,10 @@ QString StatusNotifierTrayItem::iconName() const
 
 StatusNotifierToolTip StatusNotifierTrayItem::toolTip() const
 {
-    // Hosts that show no label still get the score here.
-    return {{}, {}, m_title.isEmpty() ? itemTitle() : m_title, m_liveMatches.join(QLatin1Char('\n'))};
+    // Hosts that show no label still get the score here. Hosts render tooltips as markup (KDE as rich
+    // text, waybar as Pango), so the texts are escaped to show as written; the label is plain everywhere.
+    const QString title = m_title.isEmpty() ? itemTitle() : m_title;
+    return {{}, {}, title.toHtmlEscaped(), m_liveMatches.join(QLatin1Char('\n')).toHtmlEscaped()};
 }
 
 QDBusObjectPath StatusNotifierTrayItem::menu() const

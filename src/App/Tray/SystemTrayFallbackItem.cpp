@@ -106,7 +106,8 @@ void SystemTrayFallbackItem::updateToolTip()
 {
     QStringList lines{m_title.isEmpty() ? QStringLiteral("Pitchlark") : m_title};
     lines += m_liveMatches;
-    m_icon.setToolTip(lines.join(QLatin1Char('\n')));
+    // Shown as rich text when it looks like markup; escaped, a name shows as written.
+    m_icon.setToolTip(lines.join(QLatin1Char('\n')).toHtmlEscaped());
 }
 
 QPoint SystemTrayFallbackItem::iconCentre() const

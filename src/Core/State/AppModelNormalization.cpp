@@ -1,20 +1,21 @@
 #include "AppModel.h"
+#include "PlainFeedText.h"
 
 #include <algorithm>
 
 Match AppModel::normalizeMatch(const APIGame &game) const
 {
-    return Normalization::normalizeMatch(game, m_teamsByID, m_stadiumsByID);
+    return PlainFeedText::plain(Normalization::normalizeMatch(game, m_teamsByID, m_stadiumsByID));
 }
 
 GroupStanding AppModel::normalizeStanding(const APIGroup &group) const
 {
-    return Normalization::normalizeStanding(group, m_teamsByID);
+    return PlainFeedText::plain(Normalization::normalizeStanding(group, m_teamsByID));
 }
 
 namespace {
 
-// A new table keyed by id; when two records share an id the first one wins.
+// A new table keyed by id, its texts made plain; when two records share an id the first one wins.
 template<typename Record>
 QHash<QString, Record> tableByID(const QList<Record> &records)
 {
@@ -22,7 +23,7 @@ QHash<QString, Record> tableByID(const QList<Record> &records)
     table.reserve(records.size());
     for (const Record &record : records) {
         if (!table.contains(record.id))
-            table.insert(record.id, record);
+            table.insert(record.id, PlainFeedText::plain(record));
     }
     return table;
 }
