@@ -11,15 +11,15 @@ namespace {
 const QString serviceName = AppIdentity::appId();
 const QString objectPath = QStringLiteral("/com/pitchlark/Pitchlark");
 
-int report(SingleInstance::Toggle outcome, QTextStream &errors)
+int report(SingleInstance::ToggleOutcome outcome, QTextStream &errors)
 {
     switch (outcome) {
-    case SingleInstance::Toggle::toggled:
+    case SingleInstance::ToggleOutcome::toggled:
         return 0;
-    case SingleInstance::Toggle::notRunning:
+    case SingleInstance::ToggleOutcome::notRunning:
         errors << "Pitchlark is not running.\n";
         return 1;
-    case SingleInstance::Toggle::notResponding: {
+    case SingleInstance::ToggleOutcome::notResponding: {
         const auto pid = QDBusConnection::sessionBus().interface()->servicePid(serviceName);
         errors << "Pitchlark is running but not responding";
         if (pid.isValid())
@@ -42,23 +42,23 @@ SingleInstance::~SingleInstance()
     bus.unregisterObject(objectPath);
 }
 
-SingleInstance::Toggle SingleInstance::askToToggle()
+SingleInstance::ToggleOutcome SingleInstance::askToToggle()
 {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
-        return Toggle::notRunning;
+        return ToggleOutcome::notRunning;
     QDBusMessage call =
         QDBusMessage::createMethodCall(serviceName, objectPath, serviceName, QStringLiteral("Toggle"));
     call.setAutoStartService(false);
     const QDBusMessage reply = bus.call(call, QDBus::Block, toggleTimeoutMs);
     if (reply.type() == QDBusMessage::ReplyMessage)
-        return Toggle::toggled;
+        return ToggleOutcome::toggled;
     const QString error = reply.errorName();
     if (error == QLatin1StringView("org.freedesktop.DBus.Error.ServiceUnknown") ||
         error == QLatin1StringView("org.freedesktop.DBus.Error.NameHasNoOwner"))
-        return Toggle::notRunning;
+        return ToggleOutcome::notRunning;
     // A time-out, or an owner that cannot serve the call: either way someone holds the name.
-    return Toggle::notResponding;
+    return ToggleOutcome::notResponding;
 }
 
 int SingleInstance::toggleRunningInstance(QTextStream &errors)
@@ -95,9 +95,9 @@ std::optional<int> SingleInstance::claimOrHandOver(QTextStream &errors)
     for (int attempt = 0; attempt < 2; ++attempt) {
         if (claim() != Claim::taken)
             return std::nullopt;
-        const Toggle outcome = askToToggle();
-        if (outcome != Toggle::notRunning)
+        const ToggleOutcome outcome = askToToggle();
+        if (outcome != ToggleOutcome::notRunning)
             return report(outcome, errors);
     }
-    return report(Toggle::notRunning, errors);
+    return report(ToggleOutcome::notRunning, errors);
 }

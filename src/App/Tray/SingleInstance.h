@@ -21,7 +21,7 @@ class SingleInstance : public QObject {
     Q_CLASSINFO("D-Bus Interface", "com.pitchlark.Pitchlark")
 
 public:
-    enum class Toggle { toggled, notRunning, notResponding };
+    enum class ToggleOutcome { toggled, notRunning, notResponding };
 
     // How long the owner has to answer a toggle before it counts as hung.
     static constexpr int toggleTimeoutMs = 3000;
@@ -47,7 +47,7 @@ signals:
 private:
     enum class Claim { owned, noBus, taken };
     Claim claim();
-    static Toggle askToToggle();
+    static ToggleOutcome askToToggle();
 
     bool m_claimed = false;
 };
