@@ -1,5 +1,6 @@
 #include "FeedServer.h"
 
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -7,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimeZone>
+
+#include <csignal>
 
 // The real `pitchlark status` program, as a status bar or a script runs it, against a replay service
 // on 127.0.0.1 and on a throw-away profile.
@@ -19,6 +22,9 @@ private slots:
     void exitCodes();
     void jsonRecords();
     void waybarLine();
+    void hostileNamesArePlainAndBounded();
+    void demoLeavesNoProfile_data();
+    void demoLeavesNoProfile();
 
 private:
     struct Outcome {
@@ -27,8 +33,10 @@ private:
         QByteArray errors;
     };
     Outcome run(const QStringList &arguments, const QString &baseURL);
+    QProcessEnvironment environment(const QString &baseURL) const;
 
     std::unique_ptr<QTemporaryDir> m_profile;
+    Tournament m_tournament = Tournament::bundled();
     std::unique_ptr<FeedServer> m_feed;
     QString m_feedURL;
 };
@@ -36,21 +44,29 @@ private:
 void StatusCommandTest::init()
 {
     m_profile = std::make_unique<QTemporaryDir>();
+    QDir(m_profile->path()).mkdir(QStringLiteral("tmp"));
+    m_tournament = Tournament::bundled();
     // The evening of 27 June: two matches live, a day of results and fixtures.
     const QDateTime at(QDate(2026, 6, 27), QTime(21, 40), QTimeZone::utc());
-    m_feed = std::make_unique<FeedServer>(Tournament::bundled(), TournamentClock::frozen(at));
+    m_feed = std::make_unique<FeedServer>(m_tournament, TournamentClock::frozen(at));
     m_feedURL = QStringLiteral("http://127.0.0.1:%1").arg(m_feed->listen());
+}
+
+QProcessEnvironment StatusCommandTest::environment(const QString &baseURL) const
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_profile->filePath(QStringLiteral("config")));
+    environment.insert(QStringLiteral("XDG_CACHE_HOME"), m_profile->filePath(QStringLiteral("cache")));
+    environment.insert(QStringLiteral("TMPDIR"), m_profile->filePath(QStringLiteral("tmp")));
+    environment.insert(QStringLiteral("WC_API_BASE_URL"), baseURL);
+    environment.insert(QStringLiteral("TZ"), QStringLiteral("UTC"));
+    return environment;
 }
 
 StatusCommandTest::Outcome StatusCommandTest::run(const QStringList &arguments, const QString &baseURL)
 {
     QProcess program;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_profile->filePath(QStringLiteral("config")));
-    environment.insert(QStringLiteral("XDG_CACHE_HOME"), m_profile->filePath(QStringLiteral("cache")));
-    environment.insert(QStringLiteral("WC_API_BASE_URL"), baseURL);
-    environment.insert(QStringLiteral("TZ"), QStringLiteral("UTC"));
-    program.setProcessEnvironment(environment);
+    program.setProcessEnvironment(environment(baseURL));
     program.start(QStringLiteral(PITCHLARK_BINARY), QStringList{QStringLiteral("status")} + arguments);
     // The replay service answers from this process's event loop while the program waits for it.
     if (!QTest::qWaitFor([&program] { return program.state() == QProcess::NotRunning; }, 20'000))
@@ -134,6 +150,76 @@ void StatusCommandTest::waybarLine()
     QCOMPARE(line.value(QStringLiteral("class")).toString(), QStringLiteral("live"));
     QVERIFY(line.value(QStringLiteral("text")).toString().contains(u'–'));
     QCOMPARE(line.value(QStringLiteral("tooltip")).toString().count(u'\n'), 1);
+}
+
+void StatusCommandTest::hostileNamesArePlainAndBounded()
+{
+    // Panama, live at this moment, and every scorer carry markup, a NUL, a line break, a right-to-left
+    // override and ten thousand more characters.
+    const QString hostile =
+        QStringLiteral("<b>Pan&ama</b>") + QChar(0) + u'\n' + QChar(0x202e) + QString(10'000, u'x');
+    for (TeamNames &names : m_tournament.teamNames) {
+        if (names.english == u"Panama")
+            names.english = hostile;
+    }
+    for (GameFact &game : m_tournament.games) {
+        for (GoalFact &goal : game.goals)
+            goal.scorer = hostile;
+    }
+    const QString plain = QStringLiteral("<b>Pan&ama</b> ") + QString(184, u'x') + u'…';
+
+    const Outcome json = run({QStringLiteral("--json")}, m_feedURL);
+    QCOMPARE(json.exitCode, 0);
+    const QJsonObject panama =
+        QJsonDocument::fromJson(json.output).object().value(u"liveMatches").toArray().first().toObject();
+    QCOMPARE(panama.value(u"homeTeam").toString(), plain);
+    for (const QJsonValue &scorer : panama.value(u"awayScorers").toArray()) {
+        QCOMPARE(scorer.toString().size(), 200);
+        QVERIFY(!scorer.toString().contains(u'\n'));
+    }
+
+    const Outcome waybar = run({QStringLiteral("--waybar")}, m_feedURL);
+    QCOMPARE(waybar.exitCode, 0);
+    const QString tooltip = QJsonDocument::fromJson(waybar.output).object().value(u"tooltip").toString();
+    QVERIFY2(tooltip.contains(QStringLiteral("&lt;b&gt;Pan&amp;ama&lt;/b&gt; xxx")), qPrintable(tooltip));
+    QVERIFY(!tooltip.contains(u'<') && !tooltip.contains(QChar(0)) && !tooltip.contains(QChar(0x202e)));
+    QCOMPARE(tooltip.count(u'\n'), 1); // still one line per live match
+    QVERIFY(tooltip.size() < 600);
+}
+
+void StatusCommandTest::demoLeavesNoProfile_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::addColumn<bool>("profileLeft"); // until the next demo start
+
+    QTest::newRow("Ctrl-C") << SIGINT << false;
+    QTest::newRow("kill") << SIGTERM << false;
+    QTest::newRow("hang-up") << SIGHUP << false;
+    QTest::newRow("kill -9") << SIGKILL << true;
+}
+
+void StatusCommandTest::demoLeavesNoProfile()
+{
+    QFETCH(int, signal);
+    QFETCH(bool, profileLeft);
+    const QDir temporary(m_profile->filePath(QStringLiteral("tmp")));
+    const auto profiles = [&temporary] {
+        return temporary.entryList({QStringLiteral("pitchlark-demo-*")}, QDir::Dirs | QDir::NoDotAndDotDot);
+    };
+
+    QProcess watching;
+    watching.setProcessEnvironment(environment(QString()));
+    watching.start(QStringLiteral(PITCHLARK_BINARY), {"status", "--demo", "--watch"});
+    QVERIFY(watching.waitForReadyRead(20'000));
+    QCOMPARE(profiles().size(), 1);
+    ::kill(pid_t(watching.processId()), signal);
+    QVERIFY(watching.waitForFinished());
+    QCOMPARE(profiles().size(), profileLeft ? 1 : 0);
+
+    // The next demo removes what a killed one left, and its own profile when it ends.
+    const Outcome next = run({QStringLiteral("--demo")}, QString());
+    QCOMPARE(next.exitCode, 0);
+    QCOMPARE(profiles(), QStringList());
 }
 
 QTEST_GUILESS_MAIN(StatusCommandTest)

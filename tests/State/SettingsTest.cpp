@@ -1,6 +1,7 @@
 #include "ModelFixture.h"
 #include "State/SettingsStore.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
@@ -16,7 +17,9 @@ private slots:
     void storeTypeRules_data();
     void storeTypeRules();
     void writesReplaceTheFileWhole();
+    void corruptFileIsKeptAside_data();
     void corruptFileIsKeptAside();
+    void leftoverTemporaryFilesAreRemoved();
     void modelLoadsWithDefaults_data();
     void modelLoadsWithDefaults();
     void actionsPersist();
@@ -103,11 +106,20 @@ void SettingsTest::writesReplaceTheFileWhole()
     QCOMPARE(reread.integer(QStringLiteral("RefreshIntervalSeconds")), std::optional<qint64>(60));
 }
 
+void SettingsTest::corruptFileIsKeptAside_data()
+{
+    QTest::addColumn<QByteArray>("corrupt");
+    QTest::newRow("cut off") << QByteArray("{\"FavoriteTeamIDs\": [\"1\", \"2\"");
+    // Valid JSON, but too large to be settings: not even read.
+    QTest::newRow("over the size cap") << QByteArray("{\"FavoriteTeamIDs\": [\"1\", \"2\"]" +
+                                                     QByteArray(SettingsStore::maximumFileSize, ' ') + "}");
+}
+
 void SettingsTest::corruptFileIsKeptAside()
 {
+    QFETCH(QByteArray, corrupt);
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("settings.json"));
-    const QByteArray corrupt = "{\"FavoriteTeamIDs\": [\"1\", \"2\"";
     writeFile(path, corrupt);
 
     SettingsStore store(path);
@@ -122,6 +134,25 @@ void SettingsTest::corruptFileIsKeptAside()
     // A later write does not move the good file aside again.
     store.set(QStringLiteral("NotifyGoals"), true);
     QCOMPARE(readFile(path + QStringLiteral(".corrupt")), corrupt);
+}
+
+void SettingsTest::leftoverTemporaryFilesAreRemoved()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("settings.json"));
+    const QDateTime longAgo = QDateTime::currentDateTimeUtc().addSecs(-3600);
+    // A write killed an hour ago, one that may be going on in another process, and a kept-aside file.
+    for (const char *name : {"settings.json.Ab12Cd", "settings.json.Xy98Zz", "settings.json.corrupt"}) {
+        writeFile(folder.filePath(QLatin1StringView(name)), "{}");
+        if (qstrcmp(name, "settings.json.Xy98Zz") != 0) {
+            QFile file(folder.filePath(QLatin1StringView(name)));
+            QVERIFY(file.open(QIODevice::ReadWrite));
+            QVERIFY(file.setFileTime(longAgo, QFileDevice::FileModificationTime));
+        }
+    }
+    const SettingsStore store(path);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files),
+             QStringList({"settings.json.corrupt", "settings.json.Xy98Zz"}));
 }
 
 void SettingsTest::modelLoadsWithDefaults_data()

@@ -2,6 +2,7 @@
 
 #include "Support/Logging.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -21,15 +22,31 @@ QString SettingsStore::defaultFilePath()
            QStringLiteral("/pitchlark/settings.json");
 }
 
+void SettingsStore::removeLeftoverTemporaryFiles() const
+{
+    // A write killed half-way leaves its QSaveFile temporary, "settings.json.XXXXXX". One younger than
+    // a minute may belong to a write going on in another process right now.
+    const QFileInfo settings(m_filePath);
+    const QDir folder = settings.absoluteDir();
+    const QDateTime settled = QDateTime::currentDateTimeUtc().addSecs(-60);
+    for (const QFileInfo &entry : folder.entryInfoList({settings.fileName() + QStringLiteral(".??????")},
+                                                       QDir::Files | QDir::Hidden)) {
+        if (entry.lastModified().toUTC() < settled)
+            QFile::remove(entry.absoluteFilePath());
+    }
+}
+
 void SettingsStore::load()
 {
+    removeLeftoverTemporaryFiles();
     QFile file(m_filePath);
     if (!file.exists())
         return;
     QJsonParseError error{};
+    const bool readable = file.size() <= maximumFileSize && file.open(QIODevice::ReadOnly);
     const QJsonDocument document =
-        file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll(), &error) : QJsonDocument();
-    if (error.error != QJsonParseError::NoError || !document.isObject()) {
+        readable ? QJsonDocument::fromJson(file.readAll(), &error) : QJsonDocument();
+    if (!readable || error.error != QJsonParseError::NoError || !document.isObject()) {
         qCWarning(lcSettings) << "cannot read" << m_filePath << "- using defaults";
         m_keepCorruptFile = true;
         return;

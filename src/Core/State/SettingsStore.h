@@ -12,6 +12,9 @@
 // settings.json.corrupt at the next write rather than lost.
 class SettingsStore {
 public:
+    // Real settings are well under a kilobyte; a file larger than this is not read at all.
+    static constexpr qint64 maximumFileSize = 1024 * 1024;
+
     explicit SettingsStore(QString filePath = defaultFilePath());
 
     static QString defaultFilePath();
@@ -32,6 +35,7 @@ public:
 
 private:
     void load();
+    void removeLeftoverTemporaryFiles() const;
     void write(const QString &key, const QJsonValue &value);
     void save();
 
