@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -15,10 +16,12 @@ int signalPipe[2] = {-1, -1};
 
 extern "C" void onTerminationSignal(int signalNumber)
 {
+    const int interruptedErrno = errno;
     const char byte = char(signalNumber);
     [[maybe_unused]] const auto written = ::write(signalPipe[1], &byte, 1);
     for (const int each : terminationSignals)
         std::signal(each, SIG_DFL);
+    errno = interruptedErrno;
 }
 
 } // namespace
