@@ -9,7 +9,10 @@
 // A model on a throw-away profile: its own settings file and cache folder, talking to baseURL.
 class ModelFixture {
 public:
-    explicit ModelFixture(const QString &baseURL = QStringLiteral("http://127.0.0.1:9"))
+    // A short requestDeadline lets a test see a request end at it without waiting a minute.
+    explicit ModelFixture(const QString &baseURL = QStringLiteral("http://127.0.0.1:9"),
+                          std::chrono::milliseconds requestDeadline = APIService::defaultRequestDeadline)
+        : m_requestDeadline(requestDeadline)
     {
         qputenv("XDG_CONFIG_HOME", m_profile.filePath(QStringLiteral("config")).toUtf8());
         qputenv("XDG_CACHE_HOME", m_profile.filePath(QStringLiteral("cache")).toUtf8());
@@ -29,9 +32,7 @@ public:
     AppModel::Services services(std::function<QDateTime()> now = {},
                                 std::unique_ptr<NotificationSender> notifications = {})
     {
-        // Short limits keep the fault tests quick: a stall ends after 2 s, any request after 4 s.
-        m_api =
-            std::make_unique<APIService>(std::chrono::milliseconds(2000), std::chrono::milliseconds(4000));
+        m_api = std::make_unique<APIService>(std::chrono::milliseconds(2000), m_requestDeadline);
         AppModel::Services services;
         services.api = m_api.get();
         services.now = std::move(now);
@@ -46,6 +47,7 @@ public:
     }
 
 private:
+    std::chrono::milliseconds m_requestDeadline;
     QTemporaryDir m_profile;
     std::unique_ptr<APIService> m_api;
 };

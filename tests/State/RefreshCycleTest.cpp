@@ -42,7 +42,9 @@ void RefreshCycleTest::init()
     m_feed = std::make_unique<FeedServer>(Tournament::bundled(), TournamentClock::frozen(m_at));
     const quint16 port = m_feed->listen();
     QVERIFY(port != 0);
-    m_fixture = std::make_unique<ModelFixture>(QStringLiteral("http://127.0.0.1:%1").arg(port));
+    // Past the drip fault's stall time-out, well short of the real minute.
+    m_fixture = std::make_unique<ModelFixture>(QStringLiteral("http://127.0.0.1:%1").arg(port),
+                                               std::chrono::milliseconds(5000));
 }
 
 void RefreshCycleTest::setFault(const char *endpoint, const QJsonValue &fault, int delayMs)
