@@ -21,6 +21,9 @@ bool xDisplayAnswers()
 // WAYLAND_DISPLAY, or the compositor's default socket when that is unset, as Qt itself looks.
 bool waylandDisplayAnswers()
 {
+    // libwayland would print its own complaint about a missing runtime directory.
+    if (!qgetenv("WAYLAND_DISPLAY").startsWith('/') && qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+        return false;
     wl_display *display = wl_display_connect(nullptr);
     if (!display)
         return false;

@@ -23,7 +23,6 @@ void LaunchWithoutDisplayTest::commands_data()
     QTest::newRow("help") << QStringList{"--help"} << 0 << "--toggle";
     QTest::newRow("version") << QStringList{"--version"} << 0 << "pitchlark " PITCHLARK_VERSION;
     QTest::newRow("toggle, nothing running") << QStringList{"--toggle"} << 1 << "Pitchlark is not running.";
-    QTest::newRow("status help") << QStringList{"status", "--help"} << 0 << "--waybar";
     QTest::newRow("status, service down") << QStringList{"status"} << 1 << "Couldn't reach";
     QTest::newRow("tray app") << QStringList{} << 1 << "no X11 or Wayland display answered";
     // clang-format on
