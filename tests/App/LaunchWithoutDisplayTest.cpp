@@ -48,8 +48,7 @@ void LaunchWithoutDisplayTest::commands()
     program.setProcessEnvironment(environment);
     program.start(QStringLiteral(PITCHLARK_BINARY), arguments);
     QVERIFY(program.waitForFinished(20'000));
-    const QString said =
-        QString::fromUtf8(program.readAllStandardOutput() + program.readAllStandardError());
+    const QString said = QString::fromUtf8(program.readAllStandardOutput() + program.readAllStandardError());
     QCOMPARE(program.exitStatus(), QProcess::NormalExit);
     QTEST(program.exitCode(), "exitCode");
     QVERIFY2(said.contains(output), qPrintable(said));
