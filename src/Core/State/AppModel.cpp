@@ -53,6 +53,8 @@ void AppModel::loadSettings()
 {
     const auto favorites = m_settings->stringList(SettingsKeys::favoriteTeamIDs).value_or(QStringList());
     m_favoriteTeamIDs = QSet<QString>(favorites.cbegin(), favorites.cend());
+    // Earlier versions let a knockout slot be followed as team "0".
+    m_favoriteTeamIDs.removeIf([](const QString &teamID) { return !canFollow(teamID); });
     m_pinnedLiveMatchID = m_settings->string(SettingsKeys::pinnedLiveMatchID);
     m_trayDisplayMode =
         trayDisplayModeFromRawValue(m_settings->string(SettingsKeys::trayDisplayMode).value_or(QString()))
@@ -396,5 +398,6 @@ void AppModel::setStadiumsByID(const StadiumTable &stadiums)
 void AppModel::setAllMatches(const QList<Match> &matches)
 {
     m_allMatches = matches;
+    m_bracket = KnockoutBracket::from(m_allMatches);
     emit allMatchesChanged();
 }

@@ -4,7 +4,9 @@
 #include "LoginItem.h"
 #include "Models/APIResponses.h"
 #include "Models/BannerState.h"
+#include "Models/DayFacts.h"
 #include "Models/GroupStanding.h"
+#include "Models/KnockoutBracket.h"
 #include "Models/Match.h"
 #include "Models/MatchSnapshot.h"
 #include "Models/TeamDetailState.h"
@@ -79,6 +81,8 @@ class AppModel : public QObject {
     Q_PROPERTY(QStringList allGroups READ allGroups CONSTANT)
     // The followed teams by name; rebuilt with the other caches, which signal it.
     Q_PROPERTY(QList<TeamSummary> favoriteTeams READ favoriteTeamsCache NOTIFY favoriteTeamsChanged)
+    // The knockout tree, read from the matches each time they change.
+    Q_PROPERTY(KnockoutBracket bracket READ bracket NOTIFY allMatchesChanged)
 
 public:
     static constexpr std::chrono::milliseconds poppingRouteLifetime{550};
@@ -222,6 +226,13 @@ public:
     QList<APITeam> allTeamsSorted() const;
     std::optional<QString> groupLabel(const QString &teamID) const;
     Q_INVOKABLE bool isFavorite(const QString &teamID) const { return m_favoriteTeamIDs.contains(teamID); }
+    // Only decided sides can be followed; a knockout slot ("Winner Group E") is team "0".
+    Q_INVOKABLE static bool canFollow(const QString &teamID);
+    // Group letters, the followed teams' groups first (in the favourites' order), then the rest.
+    Q_INVOKABLE QStringList groupsByInterest() const;
+    const KnockoutBracket &bracket() const { return m_bracket; }
+    // What a day without matches can offer instead: a countdown, the nearest match days, the champion.
+    Q_INVOKABLE DayFacts dayFacts(const QString &dateKey) const;
     std::optional<Match> trayMatch(const QList<Match> &live) const;
     Q_INVOKABLE TeamSummary teamSummary(const QString &teamID) const;
     Q_INVOKABLE QList<TeamSearchResult> teamSearchResults() const;
@@ -355,6 +366,7 @@ private:
     TeamTable m_teamsByID;
     StadiumTable m_stadiumsByID;
     QList<Match> m_allMatches;
+    KnockoutBracket m_bracket;
 
     // Plain.
     QList<Match> m_liveMatchesCache;
