@@ -303,7 +303,7 @@ TeamDetailState AppModel::teamDetailState(const QString &teamID) const
     return state;
 }
 
-bool AppModel::canFollow(const QString &teamID)
+bool AppModel::canFollow(const QString &teamID) const
 {
     return BracketSlot::isDecidedSide(teamID);
 }
