@@ -1,5 +1,6 @@
 #include "AppModel.h"
 
+#include "Support/StatusLine.h"
 #include "Support/TextParsing.h"
 
 #include <algorithm>
@@ -241,6 +242,11 @@ QList<Match> AppModel::favoriteMatches() const
 QDateTime AppModel::cachedDataTime() const
 {
     return m_api->cacheTimestamp().value_or(QDateTime());
+}
+
+QString AppModel::statusLine() const
+{
+    return panelStatusLine(m_isLoading, m_lastUpdated, QLocale(), WCFormatters::shared().timeZone());
 }
 
 TeamSummary AppModel::teamSummary(const QString &teamID) const
