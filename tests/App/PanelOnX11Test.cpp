@@ -3,11 +3,13 @@
 #include "PanelController.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QtQml/QQmlExtensionPlugin>
 
@@ -138,11 +140,15 @@ void PanelOnX11Test::dismissal()
         other.show();
         other.requestActivate();
     }
-    QVERIFY(QTest::qWaitForWindowExposed(m_panel->window()));
     for (int index = 0; index < clicks.size(); ++index) {
         const QStringList click = clicks.at(index).split(u' ');
-        QTest::qWait(int(std::max<qint64>(0, click.at(0).toInt() - sinceShown.elapsed())));
+        const int at = click.at(0).toInt();
+        QTest::qWait(int(std::max<qint64>(0, at - sinceShown.elapsed())));
         clickAt(click.at(1) == QLatin1StringView("in") ? inside() : outside());
+        // A click meant for inside the grace that a busy machine delivered after it proves nothing.
+        if (at < PanelController::outsideClickGrace.count() &&
+            sinceShown.elapsed() >= PanelController::outsideClickGrace.count())
+            QSKIP("xdotool's click came after the grace on this busy machine");
         QTest::qWait(300);
         QVERIFY2(m_panel->isShown() == shownAfter.at(index), qPrintable(clicks.at(index)));
     }
@@ -199,9 +205,18 @@ void PanelOnX11Test::kwinBlursBehindThePanel()
     const QString kwin = QStandardPaths::findExecutable(QStringLiteral("kwin_x11"));
     if (kwin.isEmpty())
         QSKIP("kwin_x11 is not installed (Debian's kwin-x11)");
+    // KWin leaves its blur off by default on a software renderer (Mesa's llvmpipe, here): turn it on.
+    QTemporaryDir config;
+    QFile settings(config.filePath(QStringLiteral("kwinrc")));
+    QVERIFY(settings.open(QIODevice::WriteOnly));
+    settings.write("[Plugins]\nblurEnabled=true\n");
+    settings.close();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), config.path());
     QProcess windowManager;
-    windowManager.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    windowManager.setProcessEnvironment(environment);
     windowManager.setStandardOutputFile(QProcess::nullDevice());
+    windowManager.setStandardErrorFile(QProcess::nullDevice());
     windowManager.start(kwin, {QStringLiteral("--replace")});
     QVERIFY(windowManager.waitForStarted());
     auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();

@@ -300,7 +300,8 @@ void StatusNotifierTrayTest::scoreInIcon()
     for (const StatusNotifierIconPixmap &pixmap : pixmaps) {
         const QImage shown =
             scoreShown ? renderScoreIcon(title, pixmap.width) : renderStatusIcon(pixmap.width);
-        QCOMPARE(qFromBigEndian<quint32>(pixmap.argb.constData() + pixmap.argb.size() / 2),
+        const qsizetype centre = (qsizetype(pixmap.height / 2) * pixmap.width + pixmap.width / 2) * 4;
+        QCOMPARE(qFromBigEndian<quint32>(pixmap.argb.constData() + centre),
                  shown.pixel(pixmap.width / 2, pixmap.height / 2));
     }
 }
