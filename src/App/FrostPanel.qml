@@ -17,9 +17,7 @@ Window {
     property real grain: 0.22
     property bool borderless: false
     property bool compositorBlurs: false
-    // Without a compositor nothing shows through, so glass cannot fade out at the edges: keep the frame.
-    property bool composited: true
-    readonly property bool feathered: borderless && composited
+    readonly property bool feathered: borderless
     // With the compositor's blur behind it, the frost runs 0.3 to 0.7 with the Blur setting. Without
     // it the frost must carry legibility on its own: the setting then spans 0.72 (the thinnest frost
     // over which text stays legible on a busy wallpaper) to 0.96 (nearly opaque).

@@ -163,9 +163,7 @@ void PanelController::raise()
 void PanelController::shapeForCompositing()
 {
     // Without a compositor the window's transparent parts show black: cut them off with a shape.
-    const bool composited = displayIsComposited();
-    m_window->setProperty("composited", composited);
-    m_window->setMask(composited ? QRegion() : roundedRegion(m_window->size(), cornerRadius));
+    m_window->setMask(displayIsComposited() ? QRegion() : roundedRegion(m_window->size(), cornerRadius));
 }
 
 void PanelController::onActiveChanged()
