@@ -17,6 +17,8 @@ packages=(
   qt6-base-private-dev libwayland-dev libwayland-bin plasma-wayland-protocols wayland-protocols qt6-wayland
   # updates, desktop and tests
   libsodium-dev dbus-daemon dbus-bin xvfb xauth fonts-noto-color-emoji tzdata
+  # clicks anywhere on the X display (XInput 2), and the real clicks the panel tests make
+  libxcb-xinput-dev xdotool
   # the real StatusNotifierWatcher the tray tests register with
   haskell-status-notifier-item-utils
   # the real iCalendar parser the calendar tests read their files back with

@@ -49,12 +49,17 @@ void AppDelegate::launch(std::unique_ptr<TrayItem> tray)
     connect(m_updates.get(), &UpdateController::isUserInitiatedChanged, this,
             &AppDelegate::presentUpdateToast, Qt::QueuedConnection);
     m_panel = std::make_unique<PanelController>(m_model, m_engine, m_updates.get());
+    // Both windows stay above other programs'; between the two, the panel, where the user works, wins.
+    connect(m_updateToast.get(), &UpdateToastWindowController::shown, m_panel.get(), &PanelController::raise);
     if (m_tray) {
         connect(m_tray.get(), &TrayItem::activated, this,
                 [this](const QPoint &position) { togglePanel(position); });
         connect(m_tray.get(), &TrayItem::refreshRequested, &m_model, &AppModel::refresh);
         connect(m_tray.get(), &TrayItem::quitRequested, qApp, &QCoreApplication::quit);
+        connect(m_tray.get(), &TrayItem::hostChanged, this, &AppDelegate::updateTrayIconScore);
     }
+    connect(&m_model, &AppModel::trayIconScoreChanged, this, &AppDelegate::updateTrayIconScore);
+    updateTrayIconScore();
     connect(&m_model, &AppModel::trayTitleChanged, this, &AppDelegate::updateStatusTitle);
     updateStatusTitle();
     m_model.startPolling();
@@ -79,6 +84,23 @@ void AppDelegate::updateStatusTitle()
     for (const Match &match : m_model.liveMatchesCache())
         lines << match.trayMenuBarTitle() + QStringLiteral("  ") + match.compactStatusLabel();
     m_tray->setLiveMatches(lines);
+}
+
+void AppDelegate::updateTrayIconScore()
+{
+    if (!m_tray)
+        return;
+    switch (m_model.trayIconScore()) {
+    case TrayIconScore::automatic:
+        m_tray->setScoreInIcon(!m_tray->hostShowsLabels());
+        return;
+    case TrayIconScore::always:
+        m_tray->setScoreInIcon(true);
+        return;
+    case TrayIconScore::never:
+        m_tray->setScoreInIcon(false);
+        return;
+    }
 }
 
 void AppDelegate::presentUpdateToast()

@@ -41,6 +41,7 @@ public:
 
 private:
     void updateStatusTitle();
+    void updateTrayIconScore();
     void presentUpdateToast();
     void openDetail(const QString &routeText);
     void setFloatingCards(const QString &value);

@@ -22,6 +22,18 @@ xcb_atom_t internAtom(xcb_connection_t *connection, const char *name)
     return atom;
 }
 
+// Whether the root window carries the property: KWin's effects announce themselves that way, each with
+// a property named after its protocol, set while the effect is loaded.
+bool rootHasProperty(xcb_connection_t *connection, xcb_window_t root, xcb_atom_t property)
+{
+    const xcb_get_property_cookie_t cookie =
+        xcb_get_property(connection, false, root, property, XCB_GET_PROPERTY_TYPE_ANY, 0, 0);
+    xcb_get_property_reply_t *reply = xcb_get_property_reply(connection, cookie, nullptr);
+    const bool present = reply && reply->type != XCB_NONE;
+    std::free(reply);
+    return present;
+}
+
 // Whether the window manager announces the blur protocol in _NET_SUPPORTED on the root window.
 bool windowManagerSupports(xcb_connection_t *connection, xcb_window_t root, xcb_atom_t wanted)
 {
@@ -50,7 +62,9 @@ bool requestX11BlurBehind(QWindow *window)
     xcb_connection_t *connection = x11->connection();
     const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
     const xcb_atom_t blurRegion = internAtom(connection, "_KDE_NET_WM_BLUR_BEHIND_REGION");
-    if (!screen || !windowManagerSupports(connection, screen->root, blurRegion))
+    if (!screen || blurRegion == XCB_ATOM_NONE ||
+        !(rootHasProperty(connection, screen->root, blurRegion) ||
+          windowManagerSupports(connection, screen->root, blurRegion)))
         return false;
     // An empty region means the whole window.
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, xcb_window_t(window->winId()), blurRegion,
@@ -72,4 +86,18 @@ bool requestBlurBehind(QWindow *window)
     if (platform.startsWith(QLatin1StringView("wayland")))
         return requestKWinWaylandBlur(window);
     return false;
+}
+
+bool displayIsComposited()
+{
+    auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!x11)
+        return true; // Wayland compositors always composite; offscreen has nothing behind the window.
+    xcb_connection_t *connection = x11->connection();
+    const xcb_atom_t selection = internAtom(connection, "_NET_WM_CM_S0");
+    xcb_get_selection_owner_reply_t *reply =
+        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, selection), nullptr);
+    const bool owned = reply && reply->owner != XCB_NONE;
+    std::free(reply);
+    return owned;
 }

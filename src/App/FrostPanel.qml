@@ -16,9 +16,12 @@ Window {
     property real tint: 0.1
     property real grain: 0.22
     property bool borderless: false
-    // Without a blur behind the window the frost must carry legibility on its own.
     property bool compositorBlurs: false
-    readonly property real frostFloor: compositorBlurs ? 0.3 : 0.72
+    readonly property bool feathered: borderless
+    // With the compositor's blur behind it, the frost runs 0.3 to 0.7 with the Blur setting. Without
+    // it the frost must carry legibility on its own: the setting then spans 0.72 (the thinnest frost
+    // over which text stays legible on a busy wallpaper) to 0.96 (nearly opaque).
+    readonly property real frostOpacity: compositorBlurs ? 0.3 + 0.4 * blur : 0.72 + 0.24 * blur
     readonly property int cornerRadius: 28
 
     flags: Qt.FramelessWindowHint | Qt.Tool | Qt.WindowStaysOnTopHint
@@ -36,7 +39,7 @@ Window {
         Rectangle {
             anchors.fill: parent
             color: Qt.rgba(0.93, 0.93, 0.93, 1)
-            opacity: Math.max(panel.frostFloor, 0.3 + 0.4 * panel.blur)
+            opacity: panel.frostOpacity
         }
         Rectangle {
             anchors.fill: parent
@@ -59,13 +62,13 @@ Window {
 
         Rectangle {
             anchors.fill: parent
-            visible: !panel.borderless
+            visible: !panel.feathered
             radius: panel.cornerRadius
         }
         // The feathered mask, stretched nine-slice so its soft border stays 20 px at any size.
         BorderImage {
             anchors.fill: parent
-            visible: panel.borderless
+            visible: panel.feathered
             source: "image://glass/feather"
             border { left: 20; top: 20; right: 20; bottom: 20 }
         }
@@ -79,7 +82,7 @@ Window {
 
     Rectangle {
         anchors.fill: parent
-        visible: !panel.borderless
+        visible: !panel.feathered
         radius: panel.cornerRadius
         color: "transparent"
         border.width: 1

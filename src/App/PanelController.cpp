@@ -3,7 +3,9 @@
 #include "BlurBehind.h"
 #include "State/AppModel.h"
 #include "WindowFade.h"
+#include "WindowShape.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QQmlComponent>
@@ -15,8 +17,8 @@
 
 namespace {
 
-// How long after the panel lost focus a tray click still counts as the click that took it away.
-constexpr std::chrono::milliseconds focusLossClickWindow{400};
+// How long after the panel closed for a click elsewhere a tray click still counts as that same click.
+constexpr std::chrono::milliseconds outsideCloseClickWindow{400};
 
 bool pinnedOpen()
 {
@@ -31,6 +33,10 @@ PanelController::PanelController(AppModel &model, QQmlEngine &engine, QObject *u
     m_releaseTimer.setSingleShot(true);
     m_releaseTimer.setInterval(releaseAfter);
     connect(&m_releaseTimer, &QTimer::timeout, this, &PanelController::release);
+    m_graceTimer.setSingleShot(true);
+    m_graceTimer.setInterval(outsideClickGrace);
+    connect(&m_graceTimer, &QTimer::timeout, this, &PanelController::onGraceEnded);
+    connect(&m_clicks, &GlobalClickMonitor::pressed, this, &PanelController::onPressAnywhere);
     m_model.onGlassChange = [self = QPointer(this)] {
         if (self && self->m_window)
             self->applyGlass();
@@ -106,6 +112,8 @@ void PanelController::show(const QPoint &position)
         m_window->setGeometry(panelGeometry(screen->availableGeometry()));
     }
     m_grace = QDeadlineTimer(outsideClickGrace);
+    m_graceTimer.start();
+    m_clicks.setWatching(!pinnedOpen());
     m_shown = true;
     m_window->setOpacity(0);
     m_window->show();
@@ -114,6 +122,7 @@ void PanelController::show(const QPoint &position)
     // The compositor learns about the window only once it is mapped.
     m_blurBehind = requestBlurBehind(m_window.get());
     m_window->setProperty("compositorBlurs", m_blurBehind);
+    shapeForCompositing();
     m_fade->fadeTo(1, fadeInDuration, QEasingCurve::OutCubic);
 }
 
@@ -122,6 +131,8 @@ void PanelController::hide()
     if (!m_shown)
         return;
     m_shown = false;
+    m_graceTimer.stop();
+    m_clicks.setWatching(false);
     m_fade->fadeTo(0, fadeOutDuration, QEasingCurve::InOutQuad, [this] {
         if (m_shown)
             return;
@@ -136,19 +147,51 @@ void PanelController::toggle(const QPoint &position)
         hide();
         return;
     }
-    if (!m_justClosedByFocusLoss.hasExpired()) {
-        m_justClosedByFocusLoss = QDeadlineTimer(0);
+    if (!m_justClosedFromOutside.hasExpired()) {
+        m_justClosedFromOutside = QDeadlineTimer(0);
         return;
     }
     show(position);
 }
 
+void PanelController::raise()
+{
+    if (m_shown)
+        m_window->raise();
+}
+
+void PanelController::shapeForCompositing()
+{
+    // Without a compositor the window's transparent parts show black: cut them off with a shape.
+    m_window->setMask(displayIsComposited() ? QRegion() : roundedRegion(m_window->size(), cornerRadius));
+}
+
 void PanelController::onActiveChanged()
 {
-    // Qt sees no clicks in other programs; a click elsewhere shows up as the panel losing focus.
+    // Where clicks in other programs cannot be seen (Wayland), one shows up as the panel losing focus.
     if (m_window->isActive() || !m_shown || pinnedOpen() || !m_grace.hasExpired())
         return;
-    m_justClosedByFocusLoss = QDeadlineTimer(focusLossClickWindow);
+    closeFromOutside();
+}
+
+void PanelController::onPressAnywhere()
+{
+    if (!m_shown || pinnedOpen() || !m_grace.hasExpired() || m_window->geometry().contains(QCursor::pos()))
+        return;
+    closeFromOutside();
+}
+
+void PanelController::onGraceEnded()
+{
+    // Focus lost inside the grace was that first click's doing; taking it back lets the next loss close
+    // the panel where clicks cannot be watched. With the click monitor there is no need to steal it.
+    if (m_shown && !m_window->isActive() && !pinnedOpen() && !m_clicks.isAvailable())
+        m_window->requestActivate();
+}
+
+void PanelController::closeFromOutside()
+{
+    m_justClosedFromOutside = QDeadlineTimer(outsideCloseClickWindow);
     hide();
 }
 

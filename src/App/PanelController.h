@@ -10,6 +10,8 @@
 #include <chrono>
 #include <memory>
 
+#include "GlobalClickMonitor.h"
+
 class AppModel;
 class QQmlEngine;
 class QQuickWindow;
@@ -29,6 +31,7 @@ public:
     static constexpr std::chrono::milliseconds fadeOutDuration{140};
     // The click that opened the panel cannot close it.
     static constexpr std::chrono::milliseconds outsideClickGrace{350};
+    static constexpr int cornerRadius = 28;
     // A panel left hidden this long gives its scene back; the next show builds it again.
     static constexpr std::chrono::milliseconds releaseAfter{20'000};
 
@@ -48,9 +51,11 @@ public:
     // Shows the panel on the screen holding position, or on the primary screen for a null point.
     void show(const QPoint &position = {});
     void hide();
-    // A click on the tray item: opens or closes, and a click that has just closed the panel by taking
-    // its focus away does not open it again.
+    // A click on the tray item: opens or closes, and a click that has just closed the panel as a click
+    // elsewhere does not open it again.
     void toggle(const QPoint &position = {});
+    // Puts the shown panel back on top of the program's other windows.
+    void raise();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -60,6 +65,10 @@ private:
     void release();
     void applyGlass();
     void onActiveChanged();
+    void onPressAnywhere();
+    void onGraceEnded();
+    void closeFromOutside();
+    void shapeForCompositing();
 
     AppModel &m_model;
     QQmlEngine &m_engine;
@@ -67,8 +76,10 @@ private:
     std::unique_ptr<QQuickWindow> m_window;
     std::unique_ptr<WindowFade> m_fade;
     QTimer m_releaseTimer;
+    QTimer m_graceTimer;
+    GlobalClickMonitor m_clicks;
     bool m_shown = false;
     bool m_blurBehind = false;
     QDeadlineTimer m_grace{0};
-    QDeadlineTimer m_justClosedByFocusLoss{0};
+    QDeadlineTimer m_justClosedFromOutside{0};
 };

@@ -77,6 +77,7 @@ void UpdateToastWindowController::show()
         m_window->setOpacity(0);
     m_window->show();
     m_fade->fadeTo(1, fadeInDuration, QEasingCurve::InOutQuad);
+    emit shown();
 }
 
 void UpdateToastWindowController::hide()

@@ -39,6 +39,10 @@ public:
     QQuickWindow *window() const { return m_window.get(); }
     bool isShown() const { return m_shown; }
 
+signals:
+    // The window has just been put on screen, on top of the others.
+    void shown();
+
 private:
     void build();
     void fitToContent();

@@ -4,12 +4,18 @@
 #include "PanelController.h"
 #include "StatusNotifierTrayItem.h"
 
+#include "UpdateToastWindowController.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QQuickWindow>
 #include <QSignalSpy>
 #include <QTest>
 #include <QtQml/QQmlExtensionPlugin>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
 
 Q_IMPORT_QML_PLUGIN(Pitchlark_DesignSystemPlugin)
 Q_IMPORT_QML_PLUGIN(Pitchlark_FeaturesPlugin)
@@ -25,6 +31,9 @@ private slots:
     void cleanup();
     void clickTogglesThePanel();
     void middleClickRefreshes();
+    void iconScoreFollowsTheSetting_data();
+    void iconScoreFollowsTheSetting();
+    void panelStaysAboveTheToast();
 
 private:
     // Calls a method of the item as the tray host does, from its own connection.
@@ -34,7 +43,28 @@ private:
     std::unique_ptr<ModelFixture> m_fixture;
     std::unique_ptr<AppDelegate> m_delegate;
     QString m_itemService;
+    StatusNotifierTrayItem *m_tray = nullptr;
 };
+
+namespace {
+
+// Where the window stands among the root window's children, bottom first (no window manager here).
+qsizetype stackingIndex(QWindow *window)
+{
+    auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    xcb_connection_t *connection = x11->connection();
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    xcb_query_tree_reply_t *tree =
+        xcb_query_tree_reply(connection, xcb_query_tree(connection, root), nullptr);
+    const xcb_window_t *children = xcb_query_tree_children(tree);
+    const auto count = xcb_query_tree_children_length(tree);
+    const auto found = std::find(children, children + count, xcb_window_t(window->winId()));
+    const qsizetype index = found - children;
+    std::free(tree);
+    return index;
+}
+
+} // namespace
 
 void TrayActivationTest::init()
 {
@@ -45,6 +75,7 @@ void TrayActivationTest::init()
     m_delegate = std::make_unique<AppDelegate>(m_fixture->services([at] { return at; }));
     auto tray = std::make_unique<StatusNotifierTrayItem>();
     m_itemService = tray->serviceName();
+    m_tray = tray.get();
     m_delegate->launch(std::move(tray));
     QTRY_VERIFY(!m_delegate->model().isLoading());
 }
@@ -81,6 +112,35 @@ void TrayActivationTest::middleClickRefreshes()
     // One whole cycle: loading, then loaded.
     QTRY_COMPARE(loading.count(), 2);
     QVERIFY(!m_delegate->panel()->isShown());
+}
+
+void TrayActivationTest::iconScoreFollowsTheSetting_data()
+{
+    QTest::addColumn<QString>("choice");
+    QTest::addColumn<bool>("scoreShown");
+
+    // No watcher runs here, so no host shows the label.
+    QTest::newRow("automatic") << "auto" << true;
+    QTest::newRow("always") << "always" << true;
+    QTest::newRow("never") << "never" << false;
+}
+
+void TrayActivationTest::iconScoreFollowsTheSetting()
+{
+    QFETCH(QString, choice);
+    QVERIFY(m_delegate->model().trayTitle().has_value());
+    m_delegate->model().updateTrayIconScore(choice);
+    QTEST(m_tray->iconName().isEmpty(), "scoreShown");
+}
+
+void TrayActivationTest::panelStaysAboveTheToast()
+{
+    m_delegate->togglePanel();
+    QVERIFY(QTest::qWaitForWindowExposed(m_delegate->panel()->window()));
+    m_delegate->updateToast().show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_delegate->updateToast().window()));
+    QTRY_VERIFY(stackingIndex(m_delegate->panel()->window()) >
+                stackingIndex(m_delegate->updateToast().window()));
 }
 
 QTEST_MAIN(TrayActivationTest)

@@ -1,4 +1,8 @@
+#include "LabelHosts.h"
+#include "ScoreIcon.h"
+#include "SessionTrayItem.h"
 #include "SingleInstance.h"
+#include "StatusIcon.h"
 #include "StatusNotifierTrayItem.h"
 #include "TrayFactory.h"
 
@@ -30,13 +34,16 @@ private slots:
     void labelFollowsTitle_data();
     void labelFollowsTitle();
     void iconPixmapIsNetworkOrderArgb();
+    void scoreInIcon_data();
+    void scoreInIcon();
+    void labelHosts_data();
+    void labelHosts();
     void itemMethods_data();
     void itemMethods();
     void menuLayout_data();
     void menuLayout();
     void menuEvents_data();
     void menuEvents();
-    void factoryPicksStatusNotifierItem();
     void secondInstance_data();
     void secondInstance();
 
@@ -158,17 +165,21 @@ QVariant StatusNotifierTrayTest::itemProperty(const StatusNotifierTrayItem &item
 void StatusNotifierTrayTest::registersAgainWhenWatcherRestarts()
 {
     stopWatcher();
-    auto item = std::make_unique<StatusNotifierTrayItem>();
+    // The program's tray as it starts before the desktop's tray does.
+    auto tray = createTrayItem();
+    QVERIFY(qobject_cast<SessionTrayItem *>(tray.get()));
+    StatusNotifierTrayItem *item = &static_cast<SessionTrayItem *>(tray.get())->statusNotifierItem();
 
-    // A watcher that appears after the item, and one that comes back after a crash, both learn of it.
+    // A watcher that appears after the item, and one that comes back after a crash, both learn of it
+    // within a second.
     for (int start = 0; start < 2; ++start) {
         startWatcher();
-        QTRY_COMPARE(registeredItems(), QStringList{item->serviceName()});
+        QTRY_COMPARE_WITH_TIMEOUT(registeredItems(), QStringList{item->serviceName()}, 1000);
         stopWatcher();
     }
 
     startWatcher();
-    QTRY_COMPARE(registeredItems(), QStringList{item->serviceName()});
+    QTRY_COMPARE_WITH_TIMEOUT(registeredItems(), QStringList{item->serviceName()}, 1000);
     const auto properties = qdbus_cast<QVariantMap>(
         callHost(QDBusMessage::createMethodCall(item->serviceName(), QStringLiteral("/StatusNotifierItem"),
                                                 QStringLiteral("org.freedesktop.DBus.Properties"),
@@ -185,7 +196,7 @@ void StatusNotifierTrayTest::registersAgainWhenWatcherRestarts()
     QCOMPARE(properties.value("Menu").value<QDBusObjectPath>().path(), QStringLiteral("/MenuBar"));
 
     // Quitting drops the name, and with it the watcher's entry.
-    item.reset();
+    tray.reset();
     QTRY_COMPARE(registeredItems(), QStringList());
 }
 
@@ -260,6 +271,70 @@ void StatusNotifierTrayTest::iconPixmapIsNetworkOrderArgb()
         QCOMPARE(pixmap.argb.at(0), '\0');
     }
     QCOMPARE(sizes, QList<int>({16, 22, 24, 32, 48}));
+}
+
+void StatusNotifierTrayTest::scoreInIcon_data()
+{
+    QTest::addColumn<bool>("scoreInIcon");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<bool>("scoreShown");
+    QTest::addColumn<int>("newIconSignals");
+
+    // clang-format off
+    QTest::newRow("live, drawn") << true << "🇵🇦 0–2 ENG" << true << 1;
+    QTest::newRow("nothing live") << true << "" << false << 0;
+    QTest::newRow("live, not drawn") << false << "🇵🇦 0–2 ENG" << false << 0;
+    // clang-format on
+}
+
+void StatusNotifierTrayTest::scoreInIcon()
+{
+    QFETCH(bool, scoreInIcon);
+    QFETCH(QString, title);
+    QFETCH(bool, scoreShown);
+    StatusNotifierTrayItem item;
+    QSignalSpy newIcon(&item, &StatusNotifierTrayItem::NewIcon);
+    item.setScoreInIcon(scoreInIcon);
+    item.setTitle(title);
+    QTEST(int(newIcon.count()), "newIconSignals");
+
+    // Hosts take a named icon over the pixmaps: the name goes while the pixmaps carry the score.
+    QCOMPARE(itemProperty(item, "IconName").toString().isEmpty(), scoreShown);
+    const auto pixmaps =
+        qdbus_cast<StatusNotifierIconPixmaps>(itemProperty(item, "IconPixmap").value<QDBusArgument>());
+    QCOMPARE(pixmaps.size(), qsizetype(statusIconSizes.size()));
+    for (const StatusNotifierIconPixmap &pixmap : pixmaps) {
+        const QImage shown =
+            scoreShown ? renderScoreIcon(title, pixmap.width) : renderStatusIcon(pixmap.width);
+        const qsizetype centre = (qsizetype(pixmap.height / 2) * pixmap.width + pixmap.width / 2) * 4;
+        QCOMPARE(qFromBigEndian<quint32>(pixmap.argb.constData() + centre),
+                 shown.pixel(pixmap.width / 2, pixmap.height / 2));
+    }
+}
+
+void StatusNotifierTrayTest::labelHosts_data()
+{
+    QTest::addColumn<QString>("watcherProgram");
+    QTest::addColumn<QString>("currentDesktop");
+    QTest::addColumn<bool>("showsLabels");
+
+    // clang-format off
+    QTest::newRow("GNOME Shell's extension") << "gnome-shell" << "KDE" << true;
+    QTest::newRow("Ayatana's indicator service") << "ayatana-indicator-application-service" << "MATE" << true;
+    QTest::newRow("Plasma") << "kded5" << "GNOME" << false;
+    QTest::newRow("waybar") << "waybar" << "sway" << false;
+    QTest::newRow("the watcher alone") << "status-notifier-watcher" << "" << false;
+    QTest::newRow("unreadable, on Ubuntu's GNOME") << "" << "ubuntu:GNOME" << true;
+    QTest::newRow("unreadable, on Plasma") << "" << "KDE" << false;
+    // clang-format on
+}
+
+void StatusNotifierTrayTest::labelHosts()
+{
+    QFETCH(QString, watcherProgram);
+    QFETCH(QString, currentDesktop);
+    QTEST(hostShowsLabels(watcherProgram, currentDesktop), "showsLabels");
+    QCOMPARE(ownerProgram(m_host, watcherService), QStringLiteral("status-notifier-watcher"));
 }
 
 void StatusNotifierTrayTest::itemMethods_data()
@@ -381,16 +456,6 @@ void StatusNotifierTrayTest::menuEvents()
     }
     QTEST(error, "error");
     QTEST(spies.fired(), "fired");
-}
-
-void StatusNotifierTrayTest::factoryPicksStatusNotifierItem()
-{
-    const auto withWatcher = createTrayItem();
-    QVERIFY(qobject_cast<StatusNotifierTrayItem *>(withWatcher.get()));
-    // Without a watcher the offscreen platform offers no tray either.
-    stopWatcher();
-    QCOMPARE(createTrayItem().get(), nullptr);
-    startWatcher();
 }
 
 void StatusNotifierTrayTest::secondInstance_data()

@@ -1,6 +1,8 @@
 #include "StatusNotifierTrayItem.h"
 
 #include "DBusMenuExporter.h"
+#include "LabelHosts.h"
+#include "ScoreIcon.h"
 #include "StatusIcon.h"
 #include "TrayMenu.h"
 
@@ -46,7 +48,7 @@ StatusNotifierIconPixmap networkOrderPixmap(const QImage &image)
 
 StatusNotifierTrayItem::StatusNotifierTrayItem(QObject *parent)
     : TrayItem(parent), m_bus(QDBusConnection::sessionBus()), m_serviceName(nextServiceName()),
-      m_watcherMonitor(watcherService, m_bus, QDBusServiceWatcher::WatchForRegistration),
+      m_watcherMonitor(watcherService, m_bus, QDBusServiceWatcher::WatchForOwnerChange),
       m_menu(new DBusMenuExporter(*this, this))
 {
     registerTrayDBusTypes();
@@ -57,9 +59,12 @@ StatusNotifierTrayItem::StatusNotifierTrayItem(QObject *parent)
     m_bus.registerObject(menuPath, m_menu, QDBusConnection::ExportAllContents);
     m_bus.registerService(m_serviceName);
 
-    connect(&m_watcherMonitor, &QDBusServiceWatcher::serviceRegistered, this,
-            &StatusNotifierTrayItem::registerWithWatcher);
-    registerWithWatcher();
+    connect(&m_watcherMonitor, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString &, const QString &, const QString &newOwner) {
+                onWatcherOwnerChanged(newOwner);
+            });
+    if (m_bus.isConnected())
+        onWatcherOwnerChanged(m_bus.interface()->serviceOwner(watcherService));
 }
 
 StatusNotifierTrayItem::~StatusNotifierTrayItem()
@@ -68,6 +73,17 @@ StatusNotifierTrayItem::~StatusNotifierTrayItem()
     m_bus.unregisterService(m_serviceName);
     m_bus.unregisterObject(menuPath);
     m_bus.unregisterObject(itemPath);
+}
+
+void StatusNotifierTrayItem::onWatcherOwnerChanged(const QString &newOwner)
+{
+    m_watcherOwner = newOwner;
+    if (hasHost()) {
+        m_hostShowsLabels = ::hostShowsLabels(ownerProgram(m_bus, watcherService),
+                                              qEnvironmentVariable("XDG_CURRENT_DESKTOP"));
+        registerWithWatcher();
+    }
+    emit hostChanged();
 }
 
 void StatusNotifierTrayItem::registerWithWatcher()
@@ -97,9 +113,22 @@ void StatusNotifierTrayItem::setTitle(const QString &title)
 {
     if (title == m_title)
         return;
+    const bool scoreWasShown = showsScore();
     m_title = title;
     emit XAyatanaNewLabel(label(), labelGuide());
+    if (scoreWasShown || showsScore())
+        emit NewIcon();
     emit NewToolTip();
+}
+
+void StatusNotifierTrayItem::setScoreInIcon(bool drawn)
+{
+    if (drawn == m_scoreInIcon)
+        return;
+    const bool scoreWasShown = showsScore();
+    m_scoreInIcon = drawn;
+    if (scoreWasShown != showsScore())
+        emit NewIcon();
 }
 
 void StatusNotifierTrayItem::setLiveMatches(const QStringList &lines)
@@ -112,9 +141,19 @@ void StatusNotifierTrayItem::setLiveMatches(const QStringList &lines)
 
 QString StatusNotifierTrayItem::iconName() const
 {
-    // No host lets an item drop its icon and keep a label, and hosts without labels (KDE Plasma) would
-    // show an empty slot, so the icon stays beside the score.
-    return statusIconName();
+    // Hosts prefer a named icon to the pixmaps, so the name goes while the pixmaps carry the score. No
+    // host lets an item drop its icon and keep a label, so the plain icon stays beside a label.
+    return showsScore() ? QString() : statusIconName();
+}
+
+StatusNotifierIconPixmaps StatusNotifierTrayItem::iconPixmap() const
+{
+    if (!showsScore())
+        return m_iconPixmap;
+    StatusNotifierIconPixmaps pixmaps;
+    for (int size : statusIconSizes)
+        pixmaps.append(networkOrderPixmap(renderScoreIcon(m_title, size)));
+    return pixmaps;
 }
 
 StatusNotifierToolTip StatusNotifierTrayItem::toolTip() const

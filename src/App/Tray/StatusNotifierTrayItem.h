@@ -13,7 +13,8 @@ class DBusMenuExporter;
 
 // The tray item spoken over D-Bus as a freedesktop StatusNotifierItem, with the Ayatana label extension
 // carrying the score next to the icon, and its menu served as com.canonical.dbusmenu at /MenuBar. It
-// registers with org.kde.StatusNotifierWatcher, and again whenever a watcher appears.
+// registers with org.kde.StatusNotifierWatcher, and again whenever a watcher appears or another one takes
+// over. For hosts that show no label, the live score can be drawn into the icon instead.
 //
 // This object is itself exported at /StatusNotifierItem; only its scriptable members reach the bus.
 class StatusNotifierTrayItem : public TrayItem {
@@ -74,6 +75,10 @@ public:
 
     void setTitle(const QString &title) override;
     void setLiveMatches(const QStringList &lines) override;
+    void setScoreInIcon(bool drawn) override;
+    bool hostShowsLabels() const override { return m_hostShowsLabels; }
+    // Whether a StatusNotifierWatcher is on the bus.
+    bool hasHost() const { return !m_watcherOwner.isEmpty(); }
 
     // The well-known name this item owns on the session bus.
     QString serviceName() const { return m_serviceName; }
@@ -84,7 +89,7 @@ public:
     QString status() const { return QStringLiteral("Active"); }
     int windowId() const { return 0; }
     QString iconName() const;
-    StatusNotifierIconPixmaps iconPixmap() const { return m_iconPixmap; }
+    StatusNotifierIconPixmaps iconPixmap() const;
     StatusNotifierToolTip toolTip() const;
     bool itemIsMenu() const { return false; }
     QDBusObjectPath menu() const;
@@ -98,10 +103,13 @@ public slots:
     Q_SCRIPTABLE void ContextMenu(int, int) {}
 
 signals:
+    Q_SCRIPTABLE void NewIcon();
     Q_SCRIPTABLE void NewToolTip();
     Q_SCRIPTABLE void XAyatanaNewLabel(const QString &label, const QString &guide);
 
 private:
+    void onWatcherOwnerChanged(const QString &newOwner);
+    bool showsScore() const { return m_scoreInIcon && !m_title.isEmpty(); }
     void registerWithWatcher();
     void askWatcher(int attempt);
 
@@ -110,6 +118,9 @@ private:
     QDBusServiceWatcher m_watcherMonitor;
     DBusMenuExporter *m_menu;
     StatusNotifierIconPixmaps m_iconPixmap;
+    QString m_watcherOwner;
+    bool m_hostShowsLabels = false;
+    bool m_scoreInIcon = false;
     QString m_title;
     QStringList m_liveMatches;
 };

@@ -1,53 +1,12 @@
 #include "SystemTrayFallbackItem.h"
 
+#include "ScoreIcon.h"
 #include "StatusIcon.h"
 #include "TrayMenu.h"
-
-#include <QPainter>
-#include <QPainterPath>
 
 namespace {
 
 constexpr int scoreIconSize = 64;
-
-// A square icon cannot hold the flags, so it shows the score alone ("2–1"), the piece of the title
-// around the en dash; a title without one is drawn whole.
-QString scorePiece(const QString &title)
-{
-    const QStringList pieces = title.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    for (const QString &piece : pieces) {
-        if (piece.contains(QChar(0x2013)))
-            return piece;
-    }
-    return title;
-}
-
-QIcon scoreIcon(const QString &title)
-{
-    const QString text = scorePiece(title);
-    QImage image(scoreIconSize, scoreIconSize, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-
-    QFont font;
-    font.setBold(true);
-    font.setPixelSize(scoreIconSize / 2);
-    const QFontMetricsF metrics(font);
-    const qreal scale = std::min(1.0, (scoreIconSize - 4) / std::max(1.0, metrics.horizontalAdvance(text)));
-    font.setPixelSize(std::max(8, int(font.pixelSize() * scale)));
-
-    QPainterPath path;
-    path.addText(0, 0, font, text);
-    const QRectF bounds = path.boundingRect();
-    path.translate(QPointF(scoreIconSize, scoreIconSize) / 2 - bounds.center());
-
-    // Light text with a dark rim reads on both light and dark trays.
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.strokePath(path, QPen(QColor(0, 0, 0, 160), 3));
-    painter.fillPath(path, Qt::white);
-    painter.end();
-    return QIcon(QPixmap::fromImage(image));
-}
 
 QIcon plainIcon()
 {
@@ -84,8 +43,24 @@ void SystemTrayFallbackItem::setTitle(const QString &title)
     if (title == m_title)
         return;
     m_title = title;
-    m_icon.setIcon(m_title.isEmpty() ? plainIcon() : scoreIcon(m_title));
+    updateIcon();
     updateToolTip();
+}
+
+void SystemTrayFallbackItem::setScoreInIcon(bool drawn)
+{
+    if (drawn == m_scoreInIcon)
+        return;
+    m_scoreInIcon = drawn;
+    updateIcon();
+}
+
+void SystemTrayFallbackItem::updateIcon()
+{
+    if (m_scoreInIcon && !m_title.isEmpty())
+        m_icon.setIcon(QIcon(QPixmap::fromImage(renderScoreIcon(m_title, scoreIconSize))));
+    else
+        m_icon.setIcon(plainIcon());
 }
 
 void SystemTrayFallbackItem::setLiveMatches(const QStringList &lines)

@@ -5,8 +5,9 @@
 #include <QMenu>
 #include <QSystemTrayIcon>
 
-// The tray item where no StatusNotifierWatcher runs: Qt's QSystemTrayIcon, which cannot show text, so
-// the score is drawn into the icon itself and given in full in the tooltip. Needs a QApplication.
+// The tray item where no StatusNotifierWatcher runs: Qt's QSystemTrayIcon (the XEmbed tray on X11),
+// which cannot show text, so the score is drawn into the icon itself unless that is turned off, and given
+// in full in the tooltip. Needs a QApplication.
 class SystemTrayFallbackItem : public TrayItem {
     Q_OBJECT
 
@@ -15,9 +16,11 @@ public:
 
     void setTitle(const QString &title) override;
     void setLiveMatches(const QStringList &lines) override;
+    void setScoreInIcon(bool drawn) override;
 
 private:
     void onActivated(QSystemTrayIcon::ActivationReason reason);
+    void updateIcon();
     void updateToolTip();
     QPoint iconCentre() const;
 
@@ -25,4 +28,5 @@ private:
     QSystemTrayIcon m_icon;
     QString m_title;
     QStringList m_liveMatches;
+    bool m_scoreInIcon = true;
 };

@@ -1,17 +1,15 @@
 #include "TrayFactory.h"
 
-#include "StatusNotifierTrayItem.h"
+#include "SessionTrayItem.h"
 #include "SystemTrayFallbackItem.h"
 
 #include <QApplication>
-#include <QDBusConnectionInterface>
+#include <QDBusConnection>
 
 std::unique_ptr<TrayItem> createTrayItem(QObject *parent)
 {
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (bus.isConnected() &&
-        bus.interface()->isServiceRegistered(QStringLiteral("org.kde.StatusNotifierWatcher")))
-        return std::make_unique<StatusNotifierTrayItem>(parent);
+    if (QDBusConnection::sessionBus().isConnected())
+        return std::make_unique<SessionTrayItem>(parent);
     // QSystemTrayIcon's menu is a widget, which needs a QApplication.
     if (qobject_cast<QApplication *>(QCoreApplication::instance()) &&
         QSystemTrayIcon::isSystemTrayAvailable())

@@ -17,6 +17,10 @@ public:
     virtual void setTitle(const QString &title) = 0;
     // What the tooltip shows under the title: one line per live match.
     virtual void setLiveMatches(const QStringList &lines) = 0;
+    // Whether a live score is drawn into the icon; off keeps the plain icon.
+    virtual void setScoreInIcon(bool drawn) = 0;
+    // Whether the desktop's tray shows the title as text beside the icon.
+    virtual bool hostShowsLabels() const { return false; }
 
 signals:
     // A primary click (or "Open Pitchlark"): toggle the panel on the screen holding globalPosition,
@@ -24,4 +28,6 @@ signals:
     void activated(const QPoint &globalPosition);
     void refreshRequested();
     void quitRequested();
+    // Another tray host took over, or the last one went away.
+    void hostChanged();
 };

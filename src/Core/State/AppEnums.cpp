@@ -24,6 +24,12 @@ constexpr RawValueTable<TrayDisplayMode, 3> modeTitles{{
     {TrayDisplayMode::rotate, "Rotate"},
 }};
 
+constexpr RawValueTable<TrayIconScore, 3> iconScoreNames{{
+    {TrayIconScore::automatic, "auto"},
+    {TrayIconScore::always, "always"},
+    {TrayIconScore::never, "never"},
+}};
+
 constexpr RawValueTable<RefreshInterval, 4> intervalLabels{{
     {RefreshInterval::fifteen, "15s"},
     {RefreshInterval::thirty, "30s"},
@@ -61,6 +67,15 @@ QString title(TrayDisplayMode mode)
 QList<TrayDisplayMode> allTrayDisplayModes()
 {
     return allCases(modeNames);
+}
+
+QString rawValue(TrayIconScore choice)
+{
+    return textForCase(iconScoreNames, choice);
+}
+std::optional<TrayIconScore> trayIconScoreFromRawValue(const QString &text)
+{
+    return caseForText(iconScoreNames, text);
 }
 
 std::optional<RefreshInterval> refreshIntervalFromSeconds(qint64 seconds)

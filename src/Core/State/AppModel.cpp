@@ -61,6 +61,9 @@ void AppModel::loadSettings()
     m_trayDisplayMode =
         trayDisplayModeFromRawValue(m_settings->string(SettingsKeys::trayDisplayMode).value_or(QString()))
             .value_or(TrayDisplayMode::automatic);
+    m_trayIconScore =
+        trayIconScoreFromRawValue(m_settings->string(SettingsKeys::trayIconScore).value_or(QString()))
+            .value_or(TrayIconScore::automatic);
     // 15, 60 and 300 are kept; every other number, and anything that is not a number, means 30 s.
     m_refreshInterval =
         refreshIntervalFromSeconds(m_settings->integer(SettingsKeys::refreshIntervalSeconds).value_or(30))

@@ -57,6 +57,7 @@ class AppModel : public QObject {
     Q_PROPERTY(QStringList favoriteTeamIDs READ favoriteTeamIDList NOTIFY favoriteTeamIDsChanged)
     Q_PROPERTY(QString pinnedLiveMatchID READ pinnedLiveMatchIDText NOTIFY pinnedLiveMatchIDChanged)
     Q_PROPERTY(QString trayDisplayMode READ trayDisplayModeName NOTIFY trayDisplayModeChanged)
+    Q_PROPERTY(QString trayIconScore READ trayIconScoreName NOTIFY trayIconScoreChanged)
     Q_PROPERTY(int refreshInterval READ refreshIntervalSeconds NOTIFY refreshIntervalChanged)
     Q_PROPERTY(bool startAtLoginEnabled READ startAtLoginEnabled NOTIFY startAtLoginEnabledChanged)
     Q_PROPERTY(QString startAtLoginStatusMessage READ startAtLoginStatusMessageText NOTIFY
@@ -135,6 +136,7 @@ public:
     const QSet<QString> &favoriteTeamIDs() const { return m_favoriteTeamIDs; }
     const std::optional<QString> &pinnedLiveMatchID() const { return m_pinnedLiveMatchID; }
     TrayDisplayMode trayDisplayMode() const { return m_trayDisplayMode; }
+    TrayIconScore trayIconScore() const { return m_trayIconScore; }
     RefreshInterval refreshInterval() const { return m_refreshInterval; }
     bool startAtLoginEnabled() const { return m_startAtLoginEnabled; }
     const std::optional<QString> &startAtLoginStatusMessage() const { return m_startAtLoginStatusMessage; }
@@ -204,6 +206,7 @@ public:
     Q_INVOKABLE void toggleFavorite(const QString &teamID);
     void updateTrayDisplayMode(TrayDisplayMode mode);
     Q_INVOKABLE void updateTrayDisplayMode(const QString &rawValue);
+    Q_INVOKABLE void updateTrayIconScore(const QString &rawValue);
     Q_INVOKABLE void togglePinnedMatch(const QString &matchID);
     void updateRefreshInterval(RefreshInterval interval);
     Q_INVOKABLE void updateRefreshInterval(int seconds);
@@ -232,6 +235,8 @@ public:
     // Where the data comes from, and when the data on disk was last written (invalid when none is).
     Q_INVOKABLE QString dataServiceURL() const { return APIService::baseURL(); }
     Q_INVOKABLE QDateTime cachedDataTime() const;
+    // The line under the panel's title: loading, the time of the last update, or neither.
+    Q_INVOKABLE QString statusLine() const;
     QList<APIStadium> allStadiumsSorted() const;
     QList<APITeam> allTeamsSorted() const;
     std::optional<QString> groupLabel(const QString &teamID) const;
@@ -288,6 +293,7 @@ signals:
     void favoriteTeamIDsChanged();
     void pinnedLiveMatchIDChanged();
     void trayDisplayModeChanged();
+    void trayIconScoreChanged();
     void refreshIntervalChanged();
     void startAtLoginEnabledChanged();
     void startAtLoginStatusMessageChanged();
@@ -321,6 +327,7 @@ private:
     QStringList favoriteTeamIDList() const;
     QString pinnedLiveMatchIDText() const { return m_pinnedLiveMatchID.value_or(QString()); }
     QString trayDisplayModeName() const { return rawValue(m_trayDisplayMode); }
+    QString trayIconScoreName() const { return rawValue(m_trayIconScore); }
     int refreshIntervalSeconds() const { return seconds(m_refreshInterval); }
     QString startAtLoginStatusMessageText() const { return m_startAtLoginStatusMessage.value_or(QString()); }
     QVariant activeBannerValue() const;
@@ -371,6 +378,7 @@ private:
     QSet<QString> m_favoriteTeamIDs;
     std::optional<QString> m_pinnedLiveMatchID;
     TrayDisplayMode m_trayDisplayMode = TrayDisplayMode::automatic;
+    TrayIconScore m_trayIconScore = TrayIconScore::automatic;
     RefreshInterval m_refreshInterval = RefreshInterval::thirty;
     bool m_startAtLoginEnabled = false;
     std::optional<QString> m_startAtLoginStatusMessage;

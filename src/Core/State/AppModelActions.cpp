@@ -57,6 +57,16 @@ void AppModel::updateTrayDisplayMode(const QString &rawValue)
         updateTrayDisplayMode(*mode);
 }
 
+void AppModel::updateTrayIconScore(const QString &rawValue)
+{
+    const auto choice = trayIconScoreFromRawValue(rawValue);
+    if (!choice || *choice == m_trayIconScore)
+        return;
+    m_trayIconScore = *choice;
+    m_settings->set(SettingsKeys::trayIconScore, rawValue);
+    emit trayIconScoreChanged();
+}
+
 void AppModel::togglePinnedMatch(const QString &matchID)
 {
     if (m_pinnedLiveMatchID == matchID) {

@@ -1,6 +1,7 @@
 #include "AppModel.h"
 
 #include "Models/BracketSlot.h"
+#include "Support/StatusLine.h"
 #include "Support/TextParsing.h"
 
 #include <algorithm>
@@ -242,6 +243,11 @@ QList<Match> AppModel::favoriteMatches() const
 QDateTime AppModel::cachedDataTime() const
 {
     return m_api->cacheTimestamp().value_or(QDateTime());
+}
+
+QString AppModel::statusLine() const
+{
+    return panelStatusLine(m_isLoading, m_lastUpdated, QLocale(), WCFormatters::shared().timeZone());
 }
 
 TeamSummary AppModel::teamSummary(const QString &teamID) const

@@ -7,6 +7,7 @@ namespace SettingsKeys {
 inline const QString favoriteTeamIDs = QStringLiteral("FavoriteTeamIDs");
 inline const QString pinnedLiveMatchID = QStringLiteral("PinnedLiveMatchID");
 inline const QString trayDisplayMode = QStringLiteral("TrayDisplayMode");
+inline const QString trayIconScore = QStringLiteral("TrayIconScore");
 inline const QString refreshIntervalSeconds = QStringLiteral("RefreshIntervalSeconds");
 inline const QString glassBlur = QStringLiteral("GlassBlur");
 inline const QString glassTintHue = QStringLiteral("GlassTintHue");

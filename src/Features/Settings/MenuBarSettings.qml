@@ -17,6 +17,11 @@ SettingsSection {
         { key: "pinned", title: "Pinned", detail: "Show the match you pinned" },
         { key: "rotate", title: "Rotate", detail: "Cycle all live matches" }
     ]
+    readonly property var iconScores: [
+        { key: "auto", title: "Automatic", detail: "Drawn into the icon where the tray shows no text" },
+        { key: "always", title: "Always", detail: "Drawn into the icon on every tray" },
+        { key: "never", title: "Never", detail: "The icon stays plain; hover it for the score" }
+    ]
     readonly property var currentMode: modes.find(mode => mode.key === model.trayDisplayMode) ?? modes[0]
 
     title: "Menu Bar"
@@ -44,5 +49,18 @@ SettingsSection {
         sections: section.modes
         current: section.model.trayDisplayMode
         onSelected: key => section.model.updateTrayDisplayMode(key)
+    }
+    RowLabel {
+        width: parent.width
+        title: "Score in tray icon"
+        detail: (section.iconScores.find(choice => choice.key === section.model.trayIconScore)
+                 ?? section.iconScores[0]).detail
+    }
+    SectionSwitcher {
+        objectName: "trayIconScore"
+        width: parent.width
+        sections: section.iconScores
+        current: section.model.trayIconScore
+        onSelected: key => section.model.updateTrayIconScore(key)
     }
 }

@@ -11,16 +11,6 @@ Item {
 
     implicitHeight: Math.max(titles.implicitHeight, buttons.implicitHeight)
 
-    function statusLine() {
-        const updated = header.model.lastUpdated;
-        const hasStamp = updated !== undefined && updated !== null && !isNaN(updated.getTime());
-        if (header.model.isLoading && !hasStamp)
-            return "Loading…";
-        if (hasStamp)
-            return "Updated " + updated.toLocaleTimeString(Qt.locale(), Locale.ShortFormat);
-        return "World Cup 2026";
-    }
-
     Column {
         id: titles
         anchors { left: parent.left; verticalCenter: parent.verticalCenter }
@@ -32,7 +22,8 @@ Item {
             color: Theme.primary
         }
         Text {
-            text: header.statusLine()
+            objectName: "statusLine"
+            text: { header.model.isLoading; header.model.lastUpdated; return header.model.statusLine(); }
             textFormat: Text.PlainText
             font.pixelSize: 11
             font.weight: Font.Medium

@@ -1,0 +1,250 @@
+#include "GlassImages.h"
+#include "ModelFixture.h"
+#include "PanelController.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QQmlEngine>
+#include <QQuickWindow>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QtQml/QQmlExtensionPlugin>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+
+Q_IMPORT_QML_PLUGIN(Pitchlark_DesignSystemPlugin)
+Q_IMPORT_QML_PLUGIN(Pitchlark_FeaturesPlugin)
+Q_IMPORT_QML_PLUGIN(Pitchlark_AppPlugin)
+
+// The panel on a real X server (CTest runs it under Xvfb with no window manager; it runs as well on a
+// display where one is running), clicked and typed at with xdotool as a user would, from outside the
+// program. The last case starts Debian's kwin_x11 when it is installed, for its blur.
+class PanelOnX11Test : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void dismissal_data();
+    void dismissal();
+    void escapeCloses();
+    void trayClickWhileOpenClosesOnce();
+    void shapeWithoutCompositor();
+    void kwinBlursBehindThePanel();
+
+private:
+    QPoint outside() const { return QPoint(200, 450); }
+    QPoint inside() const { return m_panel->window()->geometry().center(); }
+
+    QQmlEngine m_engine;
+    ModelFixture m_fixture;
+    std::unique_ptr<AppModel> m_model;
+    std::unique_ptr<PanelController> m_panel;
+};
+
+namespace {
+
+void xdotool(const QStringList &arguments)
+{
+    QCOMPARE(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
+}
+
+void clickAt(const QPoint &point)
+{
+    xdotool({QStringLiteral("mousemove"), QString::number(point.x()), QString::number(point.y()),
+             QStringLiteral("click"), QStringLiteral("1")});
+}
+
+xcb_atom_t atom(xcb_connection_t *connection, const char *name)
+{
+    xcb_intern_atom_reply_t *reply = xcb_intern_atom_reply(
+        connection, xcb_intern_atom(connection, false, uint16_t(strlen(name)), name), nullptr);
+    const xcb_atom_t value = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+    std::free(reply);
+    return value;
+}
+
+xcb_connection_t *display()
+{
+    return qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+}
+
+bool compositorRuns()
+{
+    xcb_connection_t *connection = display();
+    xcb_get_selection_owner_reply_t *owner = xcb_get_selection_owner_reply(
+        connection, xcb_get_selection_owner(connection, atom(connection, "_NET_WM_CM_S0")), nullptr);
+    const bool owned = owner && owner->owner != XCB_NONE;
+    std::free(owner);
+    return owned;
+}
+
+bool hasProperty(xcb_connection_t *connection, xcb_window_t window, const char *name)
+{
+    xcb_get_property_reply_t *reply = xcb_get_property_reply(
+        connection,
+        xcb_get_property(connection, false, window, atom(connection, name), XCB_GET_PROPERTY_TYPE_ANY, 0, 0),
+        nullptr);
+    const bool present = reply && reply->type != XCB_NONE;
+    std::free(reply);
+    return present;
+}
+
+} // namespace
+
+void PanelOnX11Test::initTestCase()
+{
+    QCOMPARE(QGuiApplication::platformName(), QStringLiteral("xcb"));
+    QVERIFY2(!QStandardPaths::findExecutable(QStringLiteral("xdotool")).isEmpty(),
+             "xdotool is missing: run scripts/install-deps.sh");
+    m_engine.addImportPath(QStringLiteral("qrc:/"));
+    m_engine.addImageProvider(QStringLiteral("glass"), new GlassImageProvider);
+    m_model = m_fixture.makeModel();
+}
+
+void PanelOnX11Test::init()
+{
+    m_panel = std::make_unique<PanelController>(*m_model, m_engine);
+}
+
+void PanelOnX11Test::cleanup()
+{
+    m_panel.reset();
+    qunsetenv("TIDEWELL_PINNED");
+}
+
+void PanelOnX11Test::dismissal_data()
+{
+    QTest::addColumn<QStringList>("clicks"); // "milliseconds after show, in|out"
+    QTest::addColumn<QList<bool>>("shownAfter");
+    QTest::addColumn<bool>("activationRefused");
+    QTest::addColumn<bool>("pinned");
+
+    // clang-format off
+    QTest::newRow("inside the grace, then after") << QStringList{"100 out", "1500 out"} << QList<bool>{true, false} << false << false;
+    QTest::newRow("after the grace") << QStringList{"500 out"} << QList<bool>{false} << false << false;
+    QTest::newRow("on the panel") << QStringList{"500 in"} << QList<bool>{true} << false << false;
+    QTest::newRow("activation refused") << QStringList{"600 out"} << QList<bool>{false} << true << false;
+    QTest::newRow("pinned") << QStringList{"600 out"} << QList<bool>{true} << false << true;
+    // clang-format on
+}
+
+void PanelOnX11Test::dismissal()
+{
+    QFETCH(QStringList, clicks);
+    QFETCH(QList<bool>, shownAfter);
+    QFETCH(bool, activationRefused);
+    QFETCH(bool, pinned);
+    if (pinned)
+        qputenv("TIDEWELL_PINNED", "1");
+    // Another window that takes the focus the moment the panel asks for it, as a window manager that
+    // prevents focus stealing would leave it.
+    QWindow other;
+    other.setGeometry(40, 40, 300, 200);
+
+    QElapsedTimer sinceShown;
+    m_panel->show();
+    sinceShown.start();
+    if (activationRefused) {
+        other.show();
+        other.requestActivate();
+    }
+    for (int index = 0; index < clicks.size(); ++index) {
+        const QStringList click = clicks.at(index).split(u' ');
+        const int at = click.at(0).toInt();
+        QTest::qWait(int(std::max<qint64>(0, at - sinceShown.elapsed())));
+        clickAt(click.at(1) == QLatin1StringView("in") ? inside() : outside());
+        // A click meant for inside the grace that a busy machine delivered after it proves nothing.
+        if (at < PanelController::outsideClickGrace.count() &&
+            sinceShown.elapsed() >= PanelController::outsideClickGrace.count())
+            QSKIP("xdotool's click came after the grace on this busy machine");
+        QTest::qWait(300);
+        QVERIFY2(m_panel->isShown() == shownAfter.at(index), qPrintable(clicks.at(index)));
+    }
+}
+
+void PanelOnX11Test::escapeCloses()
+{
+    qputenv("TIDEWELL_PINNED", "1");
+    m_panel->show();
+    QTRY_VERIFY(m_panel->window()->isActive());
+    xdotool({QStringLiteral("key"), QStringLiteral("Escape")});
+    QTRY_VERIFY(!m_panel->isShown());
+}
+
+void PanelOnX11Test::trayClickWhileOpenClosesOnce()
+{
+    m_panel->show();
+    QTest::qWait(600);
+    // The press on the tray item reaches the panel as a click elsewhere, then the item's own toggle.
+    clickAt(outside());
+    QTRY_VERIFY(!m_panel->isShown());
+    m_panel->toggle();
+    QVERIFY(!m_panel->isShown());
+    // The next click on the item opens it again.
+    QTest::qWait(500);
+    m_panel->toggle();
+    QVERIFY(m_panel->isShown());
+}
+
+void PanelOnX11Test::shapeWithoutCompositor()
+{
+    if (compositorRuns())
+        QSKIP("a compositor runs on this display");
+
+    m_panel->show();
+    QQuickWindow *window = m_panel->window();
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    const QRegion shape = window->mask();
+    QVERIFY(!shape.contains(QPoint(0, 0)));
+    QVERIFY(!shape.contains(QPoint(window->width() - 1, window->height() - 1)));
+    QVERIFY(shape.contains(QPoint(PanelController::cornerRadius, 0)));
+    QVERIFY(shape.contains(QPoint(window->width() / 2, window->height() / 2)));
+}
+
+void PanelOnX11Test::kwinBlursBehindThePanel()
+{
+    const QString kwin = QStandardPaths::findExecutable(QStringLiteral("kwin_x11"));
+    if (kwin.isEmpty())
+        QSKIP("kwin_x11 is not installed (Debian's kwin-x11)");
+    // KWin leaves its blur off by default on a software renderer (Mesa's llvmpipe, here): turn it on.
+    QTemporaryDir config;
+    QFile settings(config.filePath(QStringLiteral("kwinrc")));
+    QVERIFY(settings.open(QIODevice::WriteOnly));
+    settings.write("[Plugins]\nblurEnabled=true\n");
+    settings.close();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), config.path());
+    QProcess windowManager;
+    windowManager.setProcessEnvironment(environment);
+    windowManager.setStandardOutputFile(QProcess::nullDevice());
+    windowManager.setStandardErrorFile(QProcess::nullDevice());
+    windowManager.start(kwin, {QStringLiteral("--replace")});
+    QVERIFY(windowManager.waitForStarted());
+    auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    xcb_connection_t *connection = x11->connection();
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    // KWin announces its blur effect on the root window once compositing is up.
+    QTRY_VERIFY_WITH_TIMEOUT(hasProperty(connection, root, "_KDE_NET_WM_BLUR_BEHIND_REGION"), 30'000);
+    QTRY_VERIFY(compositorRuns());
+
+    m_panel->show();
+    QQuickWindow *window = m_panel->window();
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    QVERIFY(window->property("compositorBlurs").toBool());
+    QVERIFY(hasProperty(connection, xcb_window_t(window->winId()), "_KDE_NET_WM_BLUR_BEHIND_REGION"));
+    QVERIFY(window->mask().isEmpty());
+
+    m_panel.reset();
+    windowManager.terminate();
+    QVERIFY(windowManager.waitForFinished(10'000));
+}
+
+QTEST_MAIN(PanelOnX11Test)
+#include "PanelOnX11Test.moc"
