@@ -19,6 +19,8 @@ packages=(
   libsodium-dev dbus-daemon dbus-bin xvfb xauth fonts-noto-color-emoji tzdata
   # the real StatusNotifierWatcher the tray tests register with
   haskell-status-notifier-item-utils
+  # the application icon's fixed sizes, the Debian package and its checks
+  librsvg2-bin debhelper dpkg-dev lintian desktop-file-utils appstream man-db python3
 )
 
 missing=()
