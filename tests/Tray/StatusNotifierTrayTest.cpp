@@ -96,7 +96,7 @@ double contrast(QRgb first, QRgb second)
         };
         return 0.2126 * linear(qRed(rgb)) + 0.7152 * linear(qGreen(rgb)) + 0.0722 * linear(qBlue(rgb));
     };
-    const auto [darker, lighter] = std::minmax(luminance(first), luminance(second));
+    const auto [darker, lighter] = std::minmax({luminance(first), luminance(second)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
