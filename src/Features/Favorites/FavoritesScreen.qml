@@ -77,6 +77,15 @@ Item {
                 title: "Results"
                 matches: screen.results
             }
+            CapsuleButton {
+                objectName: "addFavoritesToCalendar"
+                anchors.horizontalCenter: parent.horizontalCenter
+                visible: screen.matches.length > 0
+                symbol: "📅"
+                text: "Add to calendar"
+                accessibleName: "Add the matches of the teams you follow to your calendar"
+                onClicked: screen.model.addFavoritesToCalendar()
+            }
             EmptyState {
                 objectName: "favoritesEmpty"
                 width: parent.width
