@@ -21,6 +21,8 @@ packages=(
   libxcb-xinput-dev xdotool
   # the real StatusNotifierWatcher the tray tests register with
   haskell-status-notifier-item-utils
+  # the application icon's fixed sizes, the Debian package and its checks
+  librsvg2-bin debhelper dpkg-dev lintian desktop-file-utils appstream man-db strace
   # the real iCalendar parser the calendar tests read their files back with
   python3 python3-icalendar
 )

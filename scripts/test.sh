@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds and runs every test: the unit and integration tests, the same tests
-# under AddressSanitizer and UndefinedBehaviorSanitizer, and a bounded fuzzing run.
+# under AddressSanitizer and UndefinedBehaviorSanitizer, a bounded fuzzing run, and the Debian package.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
@@ -22,3 +22,6 @@ ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 echo "== tests"
 bash scripts/build.sh release
 ctest --test-dir build --output-on-failure -j "$jobs"
+
+echo "== the Debian package"
+bash scripts/check-package.sh

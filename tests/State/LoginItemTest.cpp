@@ -4,6 +4,8 @@
 #include "State/XdgAutostartLoginItem.h"
 
 #include <QFile>
+#include <QScopeGuard>
+#include <QTemporaryDir>
 #include <QTest>
 
 // Start at login through a real autostart entry in a temporary XDG config folder, or through the
@@ -16,6 +18,7 @@ private slots:
     void init();
     void existingEntry_data();
     void existingEntry();
+    void registerAndUnregister_data();
     void registerAndUnregister();
     void noStablePathIsUnavailable();
     void failureTextReplacesTheHint();
@@ -65,15 +68,43 @@ void LoginItemTest::existingEntry()
     QCOMPARE(item.status(), enabled ? LoginItem::Status::enabled : LoginItem::Status::notRegistered);
 }
 
+void LoginItemTest::registerAndUnregister_data()
+{
+    QTest::addColumn<QString>("binary");
+    QTest::addColumn<bool>("onPath");
+    QTest::addColumn<QByteArray>("exec");
+
+    // clang-format off
+    QTest::newRow("installed on PATH, by name") << "pitchlark" << true << QByteArray("Exec=pitchlark\n");
+    QTest::newRow("elsewhere, by quoted path") << "pitchlark \"beta\"" << false << QByteArray("Exec=\"%1/pitchlark \\\"beta\\\"\"\n");
+    // clang-format on
+}
+
 void LoginItemTest::registerAndUnregister()
 {
-    XdgAutostartLoginItem item(QStringLiteral("/opt/Pitchlark/pitchlark \"beta\""));
+    QFETCH(QString, binary);
+    QFETCH(bool, onPath);
+    QFETCH(QByteArray, exec);
+    // A real executable file, so that PATH lookup finds it or not as it would for the installed program.
+    QTemporaryDir folder;
+    QFile program(folder.filePath(binary));
+    QVERIFY(program.open(QIODevice::WriteOnly));
+    program.setPermissions(program.permissions() | QFileDevice::ExeOwner);
+    program.close();
+    const QByteArray path = qgetenv("PATH");
+    const auto restorePath = qScopeGuard([&path] { qputenv("PATH", path); });
+    if (onPath)
+        qputenv("PATH", QFile::encodeName(folder.path()) + ':' + path);
+
+    XdgAutostartLoginItem item(program.fileName());
     QCOMPARE(item.status(), LoginItem::Status::notRegistered);
     QCOMPARE(item.registerItem(), std::nullopt);
     QCOMPARE(item.status(), LoginItem::Status::enabled);
     QFile entry(XdgAutostartLoginItem::entryPath());
     QVERIFY(entry.open(QIODevice::ReadOnly));
-    QVERIFY(entry.readAll().contains("Exec=\"/opt/Pitchlark/pitchlark \\\"beta\\\"\"\n"));
+    const QByteArray contents = entry.readAll();
+    QVERIFY2(contents.contains(exec.replace("%1", QFile::encodeName(folder.path()))), contents);
+    QVERIFY(contents.contains("Icon=com.pitchlark.Pitchlark\n"));
     QCOMPARE(item.unregisterItem(), std::nullopt);
     QCOMPARE(item.status(), LoginItem::Status::notRegistered);
     QCOMPARE(item.unregisterItem(), std::nullopt);

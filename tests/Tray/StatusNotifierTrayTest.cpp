@@ -16,6 +16,8 @@
 #include <QTest>
 #include <QtEndian>
 
+#include <algorithm>
+#include <cmath>
 #include <csignal>
 
 // The tray item on a private session bus (CTest runs this under dbus-run-session) against Debian's real
@@ -91,6 +93,20 @@ struct TraySignals {
     QSignalSpy refresh;
     QSignalSpy quit;
 };
+
+// WCAG's contrast ratio of two opaque colours, from 1 to 21.
+double contrast(QRgb first, QRgb second)
+{
+    const auto luminance = [](QRgb rgb) {
+        const auto linear = [](int channel) {
+            const double value = channel / 255.0;
+            return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(qRed(rgb)) + 0.7152 * linear(qGreen(rgb)) + 0.0722 * linear(qBlue(rgb));
+    };
+    const auto [darker, lighter] = std::minmax({luminance(first), luminance(second)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
 
 } // namespace
 
@@ -192,7 +208,7 @@ void StatusNotifierTrayTest::registersAgainWhenWatcherRestarts()
     QCOMPARE(properties.value("Title").toString(), QStringLiteral("Pitchlark"));
     QCOMPARE(properties.value("Category").toString(), QStringLiteral("ApplicationStatus"));
     QCOMPARE(properties.value("Status").toString(), QStringLiteral("Active"));
-    QCOMPARE(properties.value("IconName").toString(), QStringLiteral("pitchlark-symbolic"));
+    QCOMPARE(properties.value("IconName").toString(), QStringLiteral("com.pitchlark.Pitchlark-symbolic"));
     QCOMPARE(properties.value("Menu").value<QDBusObjectPath>().path(), QStringLiteral("/MenuBar"));
 
     // Quitting drops the name, and with it the watcher's entry.
@@ -264,9 +280,13 @@ void StatusNotifierTrayTest::iconPixmapIsNetworkOrderArgb()
         sizes.append(pixmap.width);
         QCOMPARE(pixmap.height, pixmap.width);
         QCOMPARE(pixmap.argb.size(), pixmap.width * pixmap.height * 4);
-        // The glyph's centre is solid: alpha first, then the symbolic grey #bebebe.
+        // The glyph's centre is solid and legible on Breeze's light and dark panels (Plasma 5.27 and
+        // older), for hosts that show these pixels rather than recolour the named icon.
         const qsizetype centre = (qsizetype(pixmap.height / 2) * pixmap.width + pixmap.width / 2) * 4;
-        QCOMPARE(qFromBigEndian<quint32>(pixmap.argb.constData() + centre), 0xffbebebeu);
+        const QRgb glyph = qFromBigEndian<quint32>(pixmap.argb.constData() + centre);
+        QCOMPARE(qAlpha(glyph), 255);
+        for (const QRgb panel : {0xffeff0f1, 0xff2a2e32, 0xff31363b})
+            QVERIFY2(contrast(glyph, panel) >= 3.0, qPrintable(QString::number(contrast(glyph, panel))));
         // The corner is clear.
         QCOMPARE(pixmap.argb.at(0), '\0');
     }

@@ -1,5 +1,7 @@
 #include "XdgAutostartLoginItem.h"
 
+#include "Support/AppIdentity.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -48,22 +50,37 @@ LoginItem::Status XdgAutostartLoginItem::status() const
     return Status::enabled;
 }
 
+namespace {
+
+// The program by name when PATH finds this very binary, so the entry keeps working if the package moves
+// it; else its absolute path, quoted as the desktop entry format wants.
+QString launchCommand(const QString &executablePath)
+{
+    const QFileInfo binary(executablePath);
+    const QString onPath = QStandardPaths::findExecutable(binary.fileName());
+    if (!onPath.isEmpty() && QFileInfo(onPath).canonicalFilePath() == binary.canonicalFilePath())
+        return binary.fileName();
+    QString quoted = executablePath;
+    quoted.replace(u'\\', QStringLiteral("\\\\")).replace(u'"', QStringLiteral("\\\""));
+    return u'"' + quoted + u'"';
+}
+
+} // namespace
+
 std::optional<QString> XdgAutostartLoginItem::registerItem()
 {
     if (m_executablePath.isEmpty())
         return QStringLiteral("Pitchlark is not installed in a fixed place.");
     QDir().mkpath(QFileInfo(entryPath()).absolutePath());
     QSaveFile entry(entryPath());
-    QString quoted = m_executablePath;
-    quoted.replace(u'\\', QStringLiteral("\\\\")).replace(u'"', QStringLiteral("\\\""));
     const QByteArray contents = QStringLiteral("[Desktop Entry]\n"
                                                "Type=Application\n"
                                                "Name=Pitchlark\n"
                                                "Comment=Your World Cup 2026 companion\n"
-                                               "Exec=\"%1\"\n"
-                                               "Icon=pitchlark\n"
+                                               "Exec=%1\n"
+                                               "Icon=%2\n"
                                                "X-GNOME-Autostart-enabled=true\n")
-                                    .arg(quoted)
+                                    .arg(launchCommand(m_executablePath), AppIdentity::appId())
                                     .toUtf8();
     if (!entry.open(QIODevice::WriteOnly) || entry.write(contents) != contents.size() || !entry.commit())
         return entry.errorString();
