@@ -56,6 +56,10 @@ void AppDelegate::launch(std::unique_ptr<TrayItem> tray)
         connect(m_tray.get(), &TrayItem::quitRequested, qApp, &QCoreApplication::quit);
     }
     connect(&m_model, &AppModel::trayTitleChanged, this, &AppDelegate::updateStatusTitle);
+    connect(&m_model, &AppModel::panelRequested, this, [this] {
+        if (!m_panel->isShown())
+            m_panel->show();
+    });
     updateStatusTitle();
     m_model.startPolling();
     m_model.refresh();
@@ -77,7 +81,7 @@ void AppDelegate::updateStatusTitle()
     m_tray->setTitle(m_model.trayTitle().value_or(QString()));
     QStringList lines;
     for (const Match &match : m_model.liveMatchesCache())
-        lines << match.trayMenuBarTitle() + QStringLiteral("  ") + match.compactStatusLabel();
+        lines << m_model.trayLineFor(match);
     m_tray->setLiveMatches(lines);
 }
 

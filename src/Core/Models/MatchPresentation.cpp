@@ -92,6 +92,17 @@ QString Match::kickoffFullLabel() const
     return kickoffDate.isValid() ? WCFormatters::shared().kickoffFull(kickoffDate) : kickoffLabel;
 }
 
+QString Match::spoilerFreeTitle() const
+{
+    return trayMark(homeFlagEmoji, homeCode) + QStringLiteral(" v ") + trayMark(awayFlagEmoji, awayCode) +
+           QStringLiteral(" \u00b7 ") + compactStatusLabel();
+}
+
+QString Match::fixtureName() const
+{
+    return homeTeam + QStringLiteral(" v ") + awayTeam;
+}
+
 QString Match::trayMenuBarTitle() const
 {
     // The menu bar is narrow: no spaces around the dash, and a plain hyphen for a missing score.

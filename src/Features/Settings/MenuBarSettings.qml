@@ -45,4 +45,12 @@ SettingsSection {
         current: section.model.trayDisplayMode
         onSelected: key => section.model.updateTrayDisplayMode(key)
     }
+    SwitchRow {
+        width: parent.width
+        controlName: "hideScores"
+        title: "Hide scores"
+        detail: "Show which matches are on, never their scores"
+        checked: section.model.hideScores
+        onToggled: checked => section.model.hideScores = checked
+    }
 }
