@@ -60,6 +60,12 @@ QJsonObject matchJson(const AppModel &model, const Match &match)
          QJsonArray::fromStringList(hidden ? QStringList() : match.homeScorers)},
         {QStringLiteral("awayScorers"),
          QJsonArray::fromStringList(hidden ? QStringList() : match.awayScorers)},
+        {QStringLiteral("homeSlotLabel"), match.homeSlotLabel},
+        {QStringLiteral("awaySlotLabel"), match.awaySlotLabel},
+        // Extra time and penalties tell a draw; the winner tells the result.
+        {QStringLiteral("wentToExtraTime"), hidden ? QJsonValue() : QJsonValue(match.wentToExtraTime)},
+        {QStringLiteral("decidedOnPenalties"), hidden ? QJsonValue() : QJsonValue(match.decidedOnPenalties)},
+        {QStringLiteral("winnerTeamID"), hidden ? QJsonValue() : optional(match.winnerTeamID)},
     };
 }
 
@@ -160,14 +166,20 @@ QString text(const AppModel &model)
         const QDate day = QDate::fromString(model.selectedDate(), Qt::ISODate);
         lines << QString() << QLocale::c().toString(day, u"dddd, MMM d");
         for (const Match &match : today) {
-            const QString score = match.status == MatchStatus::scheduled || model.isScoreHidden(match.id)
-                                      ? QStringLiteral("v")
-                                      : match.scorelineDisplay();
-            lines << QStringLiteral("  %1  %2 %3 %4  %5")
-                         .arg(match.compactStatusLabel(), -6)
-                         .arg(match.homeTeam, score, match.awayTeam, match.venueLine());
+            const bool hidden = model.isScoreHidden(match.id);
+            const QString score = match.status == MatchStatus::scheduled || hidden ? QStringLiteral("v")
+                                                                                   : match.scorelineDisplay();
+            QString line = QStringLiteral("  %1  %2 %3 %4  %5")
+                               .arg(match.compactStatusLabel(), -6)
+                               .arg(match.homeTeam, score, match.awayTeam, match.venueLine());
+            // "AET" or "Pens" in the status column; the shoot-out's winner is worth a word of its own.
+            if (match.decidedOnPenalties && !hidden)
+                line += QStringLiteral("  (") + match.kickoffDetailLabel() + u')';
+            lines << line;
         }
     }
+    if (model.bracket().championTeamID() && !model.hideScores())
+        lines << QString() << QStringLiteral("Champion: ") + model.bracket().championName();
     if (model.lastUpdated().isValid()) {
         lines << QString()
               << QStringLiteral("Updated ") +
@@ -192,6 +204,8 @@ QJsonObject json(const AppModel &model)
         {QStringLiteral("standings"),
          arrayOf(model.standings(),
                  [&model](const GroupStanding &group) { return groupJson(model, group); })},
+        {QStringLiteral("championTeamID"),
+         model.hideScores() ? QJsonValue() : optional(model.bracket().championTeamID())},
     };
 }
 

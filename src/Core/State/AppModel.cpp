@@ -1,5 +1,6 @@
 #include "AppModel.h"
 
+#include "Models/BracketSlot.h"
 #include "SettingsKeys.h"
 #include "XdgAutostartLoginItem.h"
 
@@ -56,6 +57,8 @@ void AppModel::loadSettings()
 {
     const auto favorites = m_settings->stringList(SettingsKeys::favoriteTeamIDs).value_or(QStringList());
     m_favoriteTeamIDs = QSet<QString>(favorites.cbegin(), favorites.cend());
+    // Earlier versions let a knockout slot be followed as team "0".
+    m_favoriteTeamIDs.removeIf([](const QString &teamID) { return !BracketSlot::isDecidedSide(teamID); });
     m_pinnedLiveMatchID = m_settings->string(SettingsKeys::pinnedLiveMatchID);
     m_trayDisplayMode =
         trayDisplayModeFromRawValue(m_settings->string(SettingsKeys::trayDisplayMode).value_or(QString()))
@@ -197,12 +200,19 @@ void AppModel::setSelectedDate(const QString &dateKey)
 {
     m_selectedDate = dateKey;
     emit selectedDateChanged();
+    emit selectedDayFactsChanged();
 }
 
 void AppModel::setSelectedGroup(const QString &group)
 {
     m_selectedGroup = group;
     emit selectedGroupChanged();
+}
+
+void AppModel::setShowsBracket(bool shows)
+{
+    m_showsBracket = shows;
+    emit showsBracketChanged();
 }
 
 void AppModel::setTeamSearchText(const QString &text)
@@ -400,5 +410,7 @@ void AppModel::setStadiumsByID(const StadiumTable &stadiums)
 void AppModel::setAllMatches(const QList<Match> &matches)
 {
     m_allMatches = matches;
+    m_bracket = KnockoutBracket::from(m_allMatches);
     emit allMatchesChanged();
+    emit selectedDayFactsChanged();
 }

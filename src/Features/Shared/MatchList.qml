@@ -2,7 +2,8 @@ import QtQuick
 import Pitchlark.DesignSystem
 import Pitchlark.Features
 
-// A titled run of match cards, arriving one after another; takes no room when it has no matches.
+// A titled run of match cards, arriving one after another; takes no room when it has no matches. The
+// cards come from many days, so each gives its own.
 Column {
     id: list
 
@@ -28,6 +29,7 @@ Column {
             width: list.width
             model: list.model
             match: modelData
+            dated: true
             transform: AppearAnimation { target: listedCard; delay: 30 * Math.min(index, 8) }
         }
     }
