@@ -61,6 +61,10 @@ void AppDelegate::launch(std::unique_ptr<TrayItem> tray)
     connect(&m_model, &AppModel::trayIconScoreChanged, this, &AppDelegate::updateTrayIconScore);
     updateTrayIconScore();
     connect(&m_model, &AppModel::trayTitleChanged, this, &AppDelegate::updateStatusTitle);
+    connect(&m_model, &AppModel::panelRequested, this, [this] {
+        if (!m_panel->isShown())
+            m_panel->show();
+    });
     updateStatusTitle();
     m_model.startPolling();
     m_model.refresh();
@@ -82,7 +86,7 @@ void AppDelegate::updateStatusTitle()
     m_tray->setTitle(m_model.trayTitle().value_or(QString()));
     QStringList lines;
     for (const Match &match : m_model.liveMatchesCache())
-        lines << match.trayMenuBarTitle() + QStringLiteral("  ") + match.compactStatusLabel();
+        lines << m_model.trayLineFor(match);
     m_tray->setLiveMatches(lines);
 }
 

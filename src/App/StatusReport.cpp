@@ -27,8 +27,9 @@ QJsonValue instant(const QDateTime &dateTime)
     return dateTime.isValid() ? QJsonValue(dateTime.toUTC().toString(Qt::ISODate)) : QJsonValue();
 }
 
-QJsonObject matchJson(const Match &match)
+QJsonObject matchJson(const AppModel &model, const Match &match)
 {
+    const bool hidden = model.isScoreHidden(match.id);
     return {
         {QStringLiteral("id"), match.id},
         {QStringLiteral("matchNumber"), match.matchNumber},
@@ -50,17 +51,21 @@ QJsonObject matchJson(const Match &match)
         {QStringLiteral("kickoffDate"), instant(match.kickoffDate)},
         {QStringLiteral("kickoffLabel"), match.kickoffLabel},
         {QStringLiteral("status"), rawValue(match.status)},
-        {QStringLiteral("homeScore"), optional(match.homeScore)},
-        {QStringLiteral("awayScore"), optional(match.awayScore)},
+        {QStringLiteral("scoreHidden"), hidden},
+        {QStringLiteral("homeScore"), hidden ? QJsonValue() : optional(match.homeScore)},
+        {QStringLiteral("awayScore"), hidden ? QJsonValue() : optional(match.awayScore)},
         {QStringLiteral("liveClock"), optional(match.liveClock)},
         {QStringLiteral("minute"), optional(match.minute)},
-        {QStringLiteral("homeScorers"), QJsonArray::fromStringList(match.homeScorers)},
-        {QStringLiteral("awayScorers"), QJsonArray::fromStringList(match.awayScorers)},
+        {QStringLiteral("homeScorers"),
+         QJsonArray::fromStringList(hidden ? QStringList() : match.homeScorers)},
+        {QStringLiteral("awayScorers"),
+         QJsonArray::fromStringList(hidden ? QStringList() : match.awayScorers)},
         {QStringLiteral("homeSlotLabel"), match.homeSlotLabel},
         {QStringLiteral("awaySlotLabel"), match.awaySlotLabel},
-        {QStringLiteral("wentToExtraTime"), match.wentToExtraTime},
-        {QStringLiteral("decidedOnPenalties"), match.decidedOnPenalties},
-        {QStringLiteral("winnerTeamID"), optional(match.winnerTeamID)},
+        // Extra time and penalties tell a draw; the winner tells the result.
+        {QStringLiteral("wentToExtraTime"), hidden ? QJsonValue() : QJsonValue(match.wentToExtraTime)},
+        {QStringLiteral("decidedOnPenalties"), hidden ? QJsonValue() : QJsonValue(match.decidedOnPenalties)},
+        {QStringLiteral("winnerTeamID"), hidden ? QJsonValue() : optional(match.winnerTeamID)},
     };
 }
 
@@ -92,10 +97,26 @@ QJsonArray arrayOf(const QList<Record> &records, ToJson toJson)
     return array;
 }
 
-QJsonObject groupJson(const GroupStanding &group)
+// With scores hidden a table gives results away by its order and its numbers: the teams go
+// alphabetically, with nothing but who they are.
+QJsonObject hiddenStandingRowJson(const StandingRow &row)
 {
+    return {{QStringLiteral("teamID"), row.teamID},
+            {QStringLiteral("team"), row.team},
+            {QStringLiteral("code"), row.code},
+            {QStringLiteral("flagURL"), optional(row.flagURL)}};
+}
+
+QJsonObject groupJson(const AppModel &model, const GroupStanding &group)
+{
+    if (!model.hideScores())
+        return {{QStringLiteral("group"), group.group},
+                {QStringLiteral("standings"), arrayOf(group.standings, standingRowJson)}};
+    QList<StandingRow> alphabetical = group.standings;
+    std::stable_sort(alphabetical.begin(), alphabetical.end(),
+                     [](const StandingRow &a, const StandingRow &b) { return a.team < b.team; });
     return {{QStringLiteral("group"), group.group},
-            {QStringLiteral("standings"), arrayOf(group.standings, standingRowJson)}};
+            {QStringLiteral("standings"), arrayOf(alphabetical, hiddenStandingRowJson)}};
 }
 
 QJsonObject settingsJson(const AppModel &model)
@@ -117,14 +138,14 @@ QJsonObject settingsJson(const AppModel &model)
         {QStringLiteral("glassGrain"), model.glassGrain()},
         {QStringLiteral("surfaceOpacity"), model.surfaceOpacity()},
         {QStringLiteral("floatingCards"), model.floatingCards()},
+        {QStringLiteral("hideScores"), model.hideScores()},
     };
 }
 
-// "🇵🇦 0–1 🏴 ENG  67'  Panama v England" for one live match.
-QString liveLine(const Match &match)
+// "🇵🇦 0–1 🏴 ENG  67'  Panama v England" for one live match, without the score while it is hidden.
+QString liveLine(const AppModel &model, const Match &match)
 {
-    return match.trayMenuBarTitle() + QStringLiteral("  ") + match.compactStatusLabel() +
-           QStringLiteral("  ") + match.homeTeam + QStringLiteral(" v ") + match.awayTeam;
+    return model.trayLineFor(match) + QStringLiteral("  ") + match.fixtureName();
 }
 
 } // namespace
@@ -139,24 +160,25 @@ QString text(const AppModel &model)
     lines << (model.trayTitle() ? QStringLiteral("Now: ") + *model.trayTitle()
                                 : QStringLiteral("No match is live."));
     for (const Match &match : model.liveMatchesCache())
-        lines << QStringLiteral("  ") + liveLine(match);
+        lines << QStringLiteral("  ") + liveLine(model, match);
     const QList<Match> &today = model.matches();
     if (!today.isEmpty()) {
         const QDate day = QDate::fromString(model.selectedDate(), Qt::ISODate);
         lines << QString() << QLocale::c().toString(day, u"dddd, MMM d");
         for (const Match &match : today) {
-            const QString score =
-                match.status == MatchStatus::scheduled ? QStringLiteral("v") : match.scorelineDisplay();
+            const bool hidden = model.isScoreHidden(match.id);
+            const QString score = match.status == MatchStatus::scheduled || hidden ? QStringLiteral("v")
+                                                                                   : match.scorelineDisplay();
             QString line = QStringLiteral("  %1  %2 %3 %4  %5")
                                .arg(match.compactStatusLabel(), -6)
                                .arg(match.homeTeam, score, match.awayTeam, match.venueLine());
             // "AET" or "Pens" in the status column; the shoot-out's winner is worth a word of its own.
-            if (match.decidedOnPenalties)
+            if (match.decidedOnPenalties && !hidden)
                 line += QStringLiteral("  (") + match.kickoffDetailLabel() + u')';
             lines << line;
         }
     }
-    if (model.bracket().championTeamID())
+    if (model.bracket().championTeamID() && !model.hideScores())
         lines << QString() << QStringLiteral("Champion: ") + model.bracket().championName();
     if (model.lastUpdated().isValid()) {
         lines << QString()
@@ -169,17 +191,21 @@ QString text(const AppModel &model)
 
 QJsonObject json(const AppModel &model)
 {
+    const auto toJson = [&model](const Match &match) { return matchJson(model, match); };
     return {
         {QStringLiteral("trayTitle"), optional(model.trayTitle())},
         {QStringLiteral("errorMessage"), optional(model.errorMessage())},
         {QStringLiteral("lastUpdated"), instant(model.lastUpdated())},
         {QStringLiteral("selectedDate"), model.selectedDate()},
         {QStringLiteral("settings"), settingsJson(model)},
-        {QStringLiteral("liveMatches"), arrayOf(model.liveMatchesCache(), matchJson)},
-        {QStringLiteral("matches"), arrayOf(model.matches(), matchJson)},
-        {QStringLiteral("allMatches"), arrayOf(model.allMatches(), matchJson)},
-        {QStringLiteral("standings"), arrayOf(model.standings(), groupJson)},
-        {QStringLiteral("championTeamID"), optional(model.bracket().championTeamID())},
+        {QStringLiteral("liveMatches"), arrayOf(model.liveMatchesCache(), toJson)},
+        {QStringLiteral("matches"), arrayOf(model.matches(), toJson)},
+        {QStringLiteral("allMatches"), arrayOf(model.allMatches(), toJson)},
+        {QStringLiteral("standings"),
+         arrayOf(model.standings(),
+                 [&model](const GroupStanding &group) { return groupJson(model, group); })},
+        {QStringLiteral("championTeamID"),
+         model.hideScores() ? QJsonValue() : optional(model.bracket().championTeamID())},
     };
 }
 
@@ -187,7 +213,7 @@ QByteArray waybar(const AppModel &model)
 {
     QStringList tooltip;
     for (const Match &match : model.liveMatchesCache())
-        tooltip << liveLine(match);
+        tooltip << liveLine(model, match);
     QString cssClass = QStringLiteral("idle");
     if (model.errorMessage()) {
         cssClass = QStringLiteral("error");

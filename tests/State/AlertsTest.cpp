@@ -57,6 +57,7 @@ void AlertsTest::init()
 void AlertsTest::replayedMatchAlerts_data()
 {
     QTest::addColumn<QList<QTime>>("fetches");
+    QTest::addColumn<bool>("hideScores");
     QTest::addColumn<QStringList>("alertsOfLastFetch");
 
     const QTime before(18, 50);
@@ -64,19 +65,26 @@ void AlertsTest::replayedMatchAlerts_data()
     const QTime afterSecondGoal(20, 35);
     const QTime whistle(21, 30);
     // clang-format off
-    QTest::newRow("first fetch only seeds") << QList{afterFirstGoal} << QStringList();
-    QTest::newRow("kick-off and goal in one fetch") << QList{before, afterFirstGoal}
+    QTest::newRow("first fetch only seeds") << QList{afterFirstGoal} << false << QStringList();
+    QTest::newRow("kick-off and goal in one fetch") << QList{before, afterFirstGoal} << false
         << QStringList{"Kick-off: Mexico vs South Africa is underway.", "Goal!: Mexico 1 – 0 South Africa"};
-    QTest::newRow("nothing new") << QList{afterFirstGoal, afterFirstGoal} << QStringList();
-    QTest::newRow("second goal") << QList{afterFirstGoal, afterSecondGoal} << QStringList{"Goal!: Mexico 2 – 0 South Africa"};
-    QTest::newRow("straight to full time, no goal alert") << QList{afterFirstGoal, whistle}
+    QTest::newRow("nothing new") << QList{afterFirstGoal, afterFirstGoal} << false << QStringList();
+    QTest::newRow("second goal") << QList{afterFirstGoal, afterSecondGoal} << false << QStringList{"Goal!: Mexico 2 – 0 South Africa"};
+    QTest::newRow("straight to full time, no goal alert") << QList{afterFirstGoal, whistle} << false
         << QStringList{"Full-time: Mexico 2 – 0 South Africa"};
+    // With scores hidden, alerts say what happened but not the score.
+    QTest::newRow("hidden: kick-off and goal") << QList{before, afterFirstGoal} << true
+        << QStringList{"Kick-off: Mexico vs South Africa is underway.", "Goal!: A goal in Mexico v South Africa"};
+    QTest::newRow("hidden: full time") << QList{afterFirstGoal, whistle} << true
+        << QStringList{"Full-time: Full time: Mexico v South Africa"};
     // clang-format on
 }
 
 void AlertsTest::replayedMatchAlerts()
 {
     QFETCH(QList<QTime>, fetches);
+    QFETCH(bool, hideScores);
+    m_model->setHideScores(hideScores);
     QStringList alerts;
     for (const QTime &at : fetches)
         alerts = applyCollectingAlerts(gamesAt(at.hour(), at.minute()));

@@ -3,12 +3,13 @@
 #include "Notifications/FreedesktopNotificationSender.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTest>
 
-// Alerts reach a real notification server on a private session bus: CTest runs this under
-// dbus-run-session, and the test itself owns org.freedesktop.Notifications there.
+// Alerts reach a notification server on a private session bus (CTest runs this under dbus-run-session).
+// No real server can run without a display, so this stand-in owns org.freedesktop.Notifications on a
+// connection of its own, records each call, answers with ids as servers do, and reports clicks and
+// closes with the same signals.
 class NotificationServer : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
@@ -17,20 +18,51 @@ public:
     struct Received {
         QString appName;
         uint replacesID;
+        QString appIcon;
         QString summary;
         QString body;
+        QStringList actions;
         QVariantMap hints;
+        uint id;
     };
     QList<Received> received;
 
-public slots:
-    uint Notify(const QString &appName, uint replacesID, const QString &, const QString &summary,
-                const QString &body, const QStringList &, const QVariantMap &hints, int)
+    bool publish()
     {
-        received.append({appName, replacesID, summary, body, hints});
-        return uint(received.size());
+        return m_bus.registerObject(m_path, this, QDBusConnection::ExportAllSlots) &&
+               m_bus.registerService(m_interface);
     }
-    QStringList GetCapabilities() { return {QStringLiteral("body"), QStringLiteral("body-markup")}; }
+    // The user clicks the notification (actionKey "default") or one of its buttons.
+    void invoke(uint id, const QString &actionKey)
+    {
+        emitSignal(QStringLiteral("ActionInvoked"), {id, actionKey});
+    }
+    // The user dismisses it (reason 2).
+    void close(uint id) { emitSignal(QStringLiteral("NotificationClosed"), {id, 2u}); }
+
+public slots:
+    uint Notify(const QString &appName, uint replacesID, const QString &appIcon, const QString &summary,
+                const QString &body, const QStringList &actions, const QVariantMap &hints, int)
+    {
+        const uint id = replacesID != 0 ? replacesID : ++m_lastID;
+        received.append({appName, replacesID, appIcon, summary, body, actions, hints, id});
+        return id;
+    }
+    QStringList GetCapabilities() { return {QStringLiteral("body"), QStringLiteral("actions")}; }
+
+private:
+    void emitSignal(const QString &name, const QVariantList &arguments)
+    {
+        QDBusMessage message = QDBusMessage::createSignal(m_path, m_interface, name);
+        message.setArguments(arguments);
+        m_bus.send(message);
+    }
+
+    const QString m_path = QStringLiteral("/org/freedesktop/Notifications");
+    const QString m_interface = QStringLiteral("org.freedesktop.Notifications");
+    QDBusConnection m_bus =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("server"));
+    uint m_lastID = 0;
 };
 
 class NotificationsTest : public QObject {
@@ -41,7 +73,8 @@ private slots:
     void init() { m_server.received.clear(); }
     void notificationFields_data();
     void notificationFields();
-    void modelAlertReachesServer();
+    void oneNotificationPerMatch();
+    void clickOpensTheMatchPage();
     void sandboxedAlertGoesThroughThePortal();
 
 private:
@@ -49,13 +82,20 @@ private:
     FakeDesktopPortal m_portal;
 };
 
+namespace {
+
+MatchNotification goalIn(const QString &matchID,
+                         const QString &body = QStringLiteral("Mexico 1 – 0 South Africa"))
+{
+    return {matchID, BannerState::Kind::goal, QStringLiteral("Goal!"), body};
+}
+
+} // namespace
+
 void NotificationsTest::initTestCase()
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    QVERIFY2(bus.isConnected(), "no session bus: run under dbus-run-session");
-    QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/Notifications"), &m_server,
-                               QDBusConnection::ExportAllSlots));
-    QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.Notifications")));
+    QVERIFY2(QDBusConnection::sessionBus().isConnected(), "no session bus: run under dbus-run-session");
+    QVERIFY(m_server.publish());
     QVERIFY(m_portal.publish());
 }
 
@@ -74,29 +114,45 @@ void NotificationsTest::notificationFields()
 {
     QFETCH(QString, body);
     FreedesktopNotificationSender sender;
-    sender.send(QStringLiteral("1-Goal!-AB12"), QStringLiteral("Goal!"), body);
-    sender.send(QStringLiteral("1-Goal!-CD34"), QStringLiteral("Goal!"), body);
-    QTRY_COMPARE(m_server.received.size(), 2);
+    sender.send(goalIn(QStringLiteral("1"), body));
+    QTRY_COMPARE(m_server.received.size(), 1);
 
-    // Both reach the server, in whichever order the bus delivers them.
-    QStringList requestIDs;
-    for (const NotificationServer::Received &notification : std::as_const(m_server.received)) {
-        QCOMPARE(notification.appName, QStringLiteral("Pitchlark"));
-        QCOMPARE(notification.summary, QStringLiteral("Goal!"));
-        QTEST(notification.body, "sentBody");
-        QCOMPARE(notification.hints.value(QStringLiteral("sound-name")).toString(),
-                 QStringLiteral("message-new-instant"));
-        QCOMPARE(notification.hints.value(QStringLiteral("desktop-entry")).toString(),
-                 QStringLiteral("com.pitchlark.Pitchlark"));
-        // Two events of one kind are two notifications: neither replaces the other.
-        QCOMPARE(notification.replacesID, 0u);
-        requestIDs.append(notification.hints.value(QStringLiteral("x-pitchlark-request-id")).toString());
-    }
-    requestIDs.sort();
-    QCOMPARE(requestIDs, QStringList({"1-Goal!-AB12", "1-Goal!-CD34"}));
+    const NotificationServer::Received &notification = m_server.received.constFirst();
+    QCOMPARE(notification.appName, QStringLiteral("Pitchlark"));
+    QCOMPARE(notification.appIcon, QStringLiteral("com.pitchlark.Pitchlark"));
+    QCOMPARE(notification.summary, QStringLiteral("Goal!"));
+    QTEST(notification.body, "sentBody");
+    QCOMPARE(notification.actions.value(0), QStringLiteral("default"));
+    QCOMPARE(notification.hints.value(QStringLiteral("desktop-entry")).toString(),
+             QStringLiteral("com.pitchlark.Pitchlark"));
+    QCOMPARE(notification.hints.value(QStringLiteral("category")).toString(),
+             QStringLiteral("x-pitchlark.goal"));
+    QCOMPARE(notification.hints.value(QStringLiteral("sound-name")).toString(),
+             QStringLiteral("message-new-instant"));
 }
 
-void NotificationsTest::modelAlertReachesServer()
+void NotificationsTest::oneNotificationPerMatch()
+{
+    FreedesktopNotificationSender sender;
+    const auto sendAndWait = [this, &sender](const QString &matchID) {
+        const qsizetype before = m_server.received.size();
+        sender.send(goalIn(matchID));
+        QTest::qWaitFor([&] { return m_server.received.size() > before; });
+        // The server's answer carries the id that the match's next notification replaces.
+        QTest::qWait(50);
+        return m_server.received.value(before);
+    };
+    const auto first = sendAndWait(QStringLiteral("1"));
+    QCOMPARE(first.replacesID, 0u);
+    QCOMPARE(sendAndWait(QStringLiteral("1")).replacesID, first.id);
+    QCOMPARE(sendAndWait(QStringLiteral("2")).replacesID, 0u);
+    // Once the user has closed it, the match's next alert is a new notification.
+    m_server.close(first.id);
+    QTest::qWait(100);
+    QCOMPARE(sendAndWait(QStringLiteral("1")).replacesID, 0u);
+}
+
+void NotificationsTest::clickOpensTheMatchPage()
 {
     ModelFixture fixture;
     const auto model = fixture.makeModel({}, std::make_unique<FreedesktopNotificationSender>());
@@ -104,37 +160,47 @@ void NotificationsTest::modelAlertReachesServer()
     model->toggleFavorite(QStringLiteral("1"));
     const auto games = [](const char *elapsed, const char *homeScore) {
         return APIGamesResponse::decode(QStringLiteral(R"([{"id":"1","home_team_id":"1","away_team_id":"2",
-            "home_team_name_en":"Mexico","away_team_name_en":"South Africa","time_elapsed":"%1","home_score":"%2"}])")
+            "home_team_name_en":"Mexico","away_team_name_en":"South Africa","time_elapsed":"%1","home_score":"%2"},
+            {"id":"2","home_team_id":"3","away_team_id":"4","time_elapsed":"notstarted"}])")
                                             .arg(QLatin1StringView(elapsed), QLatin1StringView(homeScore))
                                             .toUtf8())
             ->games;
     };
     model->applyMatches(games("notstarted", "0"), true);
     model->applyMatches(games("9", "1"), true);
-
     QTRY_COMPARE(m_server.received.size(), 2);
     QCOMPARE(m_server.received.at(0).summary, QStringLiteral("Kick-off"));
-    QCOMPARE(m_server.received.at(0).body, QStringLiteral("Mexico vs South Africa is underway."));
     QCOMPARE(m_server.received.at(1).summary, QStringLiteral("Goal!"));
-    const QString requestID =
-        m_server.received.at(1).hints.value(QStringLiteral("x-pitchlark-request-id")).toString();
-    QVERIFY2(QRegularExpression(QStringLiteral("^1-Goal!-[0-9A-F]{4}$")).match(requestID).hasMatch(),
-             qPrintable(requestID));
+
+    model->open(PanelRoute::match(QStringLiteral("2")));
+    QSignalSpy panelRequested(model.get(), &AppModel::panelRequested);
+    // A click on another program's notification is none of Pitchlark's business.
+    m_server.invoke(m_server.received.at(1).id + 100, QStringLiteral("default"));
+    m_server.invoke(m_server.received.at(1).id, QStringLiteral("default"));
+    QTRY_COMPARE(panelRequested.size(), 1);
+    QCOMPARE(model->detailStack().constLast(), PanelRoute::match(QStringLiteral("1")));
 }
 
 void NotificationsTest::sandboxedAlertGoesThroughThePortal()
 {
     FreedesktopNotificationSender sender(FreedesktopNotificationSender::Route::portal);
-    sender.send(QStringLiteral("1-Goal!-AB12"), QStringLiteral("Goal!"),
-                QStringLiteral("Trinidad & Tobago 1 – 0"));
+    QSignalSpy activated(&sender, &NotificationSender::activated);
+    sender.send(goalIn(QStringLiteral("7"), QStringLiteral("Trinidad & Tobago 1 – 0")));
     QTRY_COMPARE(m_portal.notifications.size(), 1);
     const auto &[identifier, notification] = m_portal.notifications.constFirst();
-    QCOMPARE(identifier, QStringLiteral("1-Goal!-AB12"));
+    QCOMPARE(identifier, QStringLiteral("match-7"));
     QCOMPARE(notification.value(QStringLiteral("title")).toString(), QStringLiteral("Goal!"));
     // The portal shows plain text, so nothing is escaped.
     QCOMPARE(notification.value(QStringLiteral("body")).toString(),
              QStringLiteral("Trinidad & Tobago 1 – 0"));
+    QCOMPARE(notification.value(QStringLiteral("default-action")).toString(),
+             QStringLiteral("app.show-match"));
     QVERIFY(m_server.received.isEmpty());
+
+    m_portal.invokeAction(identifier, notification.value(QStringLiteral("default-action")).toString(),
+                          notification.value(QStringLiteral("default-action-target")));
+    QTRY_COMPARE(activated.size(), 1);
+    QCOMPARE(activated.constFirst().constFirst().toString(), QStringLiteral("7"));
 }
 
 QTEST_GUILESS_MAIN(NotificationsTest)

@@ -59,6 +59,16 @@ public:
         return false;
     }
 
+    // The user clicks a notification: the portal reports its action and target to the app.
+    void invokeAction(const QString &notificationID, const QString &action, const QVariant &target)
+    {
+        QDBusMessage invoked = QDBusMessage::createSignal(
+            QStringLiteral("/org/freedesktop/portal/desktop"),
+            QStringLiteral("org.freedesktop.portal.Notification"), QStringLiteral("ActionInvoked"));
+        invoked << notificationID << action << QVariantList{target};
+        m_bus.send(invoked);
+    }
+
     QString introspect(const QString &) const override { return {}; }
 
 private:

@@ -52,11 +52,6 @@ void appendLine(QByteArray &out, const QByteArray &line)
     out += "\r\n";
 }
 
-QString eventTitle(const Match &match)
-{
-    return match.homeTeam + QStringLiteral(" v ") + match.awayTeam;
-}
-
 QString eventLocation(const Match &match)
 {
     return match.city.isEmpty() ? match.stadium : match.stadium + QStringLiteral(", ") + match.city;
@@ -76,7 +71,7 @@ void appendEvent(QByteArray &out, const Match &match, const QByteArray &stamp)
     appendLine(out, "DTSTAMP:" + stamp);
     appendLine(out, "DTSTART:" + utcStamp(match.kickoffDate));
     appendLine(out, "DTEND:" + utcStamp(match.kickoffDate.addSecs(MatchCalendar::eventMinutes * 60)));
-    appendLine(out, "SUMMARY:" + escapedText(eventTitle(match)));
+    appendLine(out, "SUMMARY:" + escapedText(match.fixtureName()));
     appendLine(out, "LOCATION:" + escapedText(eventLocation(match)));
     appendLine(out, "DESCRIPTION:" + escapedText(eventDescription(match)));
     appendLine(out, "END:VEVENT");

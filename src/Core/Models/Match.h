@@ -61,6 +61,8 @@ struct Match {
     Q_PROPERTY(QString kickoffFullLabel READ kickoffFullLabel)
     Q_PROPERTY(QString kickoffDatedLabel READ kickoffDatedLabel)
     Q_PROPERTY(QString trayMenuBarTitle READ trayMenuBarTitle)
+    Q_PROPERTY(QString spoilerFreeTitle READ spoilerFreeTitle)
+    Q_PROPERTY(QString fixtureName READ fixtureName)
 
 public:
     QString id;
@@ -113,6 +115,10 @@ public:
     QString kickoffDatedLabel(const WCFormatters &formatters) const;
     QString kickoffDatedLabel() const;
     QString trayMenuBarTitle() const;
+    // "🇵🇦 v ENG · 31'": which match and how far it is, never its score.
+    QString spoilerFreeTitle() const;
+    // "Panama v England".
+    QString fixtureName() const;
 
     QString statusText() const { return rawValue(status); }
     bool live() const { return isLive(status); }

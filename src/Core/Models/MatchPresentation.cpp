@@ -106,6 +106,17 @@ QString Match::kickoffFullLabel() const
     return kickoffDate.isValid() ? WCFormatters::shared().kickoffFull(kickoffDate) : kickoffLabel;
 }
 
+QString Match::spoilerFreeTitle() const
+{
+    return trayMark(homeFlagEmoji, homeCode) + QStringLiteral(" v ") + trayMark(awayFlagEmoji, awayCode) +
+           QStringLiteral(" \u00b7 ") + compactStatusLabel();
+}
+
+QString Match::fixtureName() const
+{
+    return homeTeam + QStringLiteral(" v ") + awayTeam;
+}
+
 QString Match::kickoffDatedLabel(const WCFormatters &formatters) const
 {
     return kickoffDate.isValid() ? formatters.kickoffDated(kickoffDate) : kickoffLabel;

@@ -11,11 +11,14 @@ public:
         : m_center(std::move(center))
     {}
 
-    void add(const QString &identifier, const QString &title, const QString &body)
+    void add(const MatchNotification &notification)
     {
         if (m_center)
-            m_center->send(identifier, title, body);
+            m_center->send(notification);
     }
+
+    // The sender, for listening to clicks; none when there is no notification service.
+    NotificationSender *center() const { return m_center.get(); }
 
 private:
     std::unique_ptr<NotificationSender> m_center;

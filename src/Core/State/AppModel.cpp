@@ -38,6 +38,8 @@ AppModel::AppModel(Services services, QObject *parent)
     loadSettings();
     m_applyTint(m_glassTintHue, m_glassTint);
     m_loginItem->onStatusChange = [this] { refreshStartAtLoginState(); };
+    if (NotificationSender *center = m_notifier.center())
+        connect(center, &NotificationSender::activated, this, &AppModel::showMatchFromNotification);
     refreshStartAtLoginState();
     hydrateFromCache();
 }
@@ -78,6 +80,7 @@ void AppModel::loadSettings()
     m_notifyGoals = m_settings->boolean(SettingsKeys::notifyGoals).value_or(true);
     m_notifyFullTime = m_settings->boolean(SettingsKeys::notifyFullTime).value_or(true);
     m_inAppBanners = m_settings->boolean(SettingsKeys::inAppBanners).value_or(true);
+    m_hideScores = m_settings->boolean(SettingsKeys::hideScores).value_or(false);
     // The floating style lasts only until the program quits: stored, never loaded.
     m_floatingCards = false;
 }

@@ -76,6 +76,9 @@ class AppModel : public QObject {
     Q_PROPERTY(double glassGrain READ glassGrain WRITE setGlassGrain NOTIFY glassGrainChanged)
     Q_PROPERTY(double surfaceOpacity READ surfaceOpacity WRITE setSurfaceOpacity NOTIFY surfaceOpacityChanged)
     Q_PROPERTY(bool floatingCards READ floatingCards WRITE setFloatingCards NOTIFY floatingCardsChanged)
+    Q_PROPERTY(bool hideScores READ hideScores WRITE setHideScores NOTIFY hideScoresChanged)
+    // The matches whose scores the user revealed this session while scores are hidden.
+    Q_PROPERTY(QStringList revealedMatchIDs READ revealedMatchIDList NOTIFY revealedMatchIDsChanged)
     Q_PROPERTY(QList<APITeam> allTeamsSorted READ allTeamsSorted NOTIFY teamsByIDChanged)
     Q_PROPERTY(QList<APIStadium> allStadiumsSorted READ allStadiumsSorted NOTIFY stadiumsByIDChanged)
     Q_PROPERTY(QList<Match> allMatches READ allMatches NOTIFY allMatchesChanged)
@@ -152,6 +155,7 @@ public:
     double glassGrain() const { return m_glassGrain; }
     double surfaceOpacity() const { return m_surfaceOpacity; }
     bool floatingCards() const { return m_floatingCards; }
+    bool hideScores() const { return m_hideScores; }
     const TeamTable &teamsByID() const { return m_teamsByID; }
     const StadiumTable &stadiumsByID() const { return m_stadiumsByID; }
     const QList<Match> &allMatches() const { return m_allMatches; }
@@ -186,6 +190,7 @@ public:
     void setGlassGrain(double value);
     void setSurfaceOpacity(double value);
     void setFloatingCards(bool enabled);
+    void setHideScores(bool hidden);
 
     // Refresh cycle.
     void startPolling();
@@ -263,9 +268,20 @@ public:
     Q_INVOKABLE bool addTeamToCalendar(const QString &teamID);
     Q_INVOKABLE bool addFavoritesToCalendar();
 
+    // Spoiler-free mode: while scores are hidden, a match's score shows only once the user reveals it,
+    // and stays revealed for the session unless concealed again.
+    Q_INVOKABLE bool isScoreHidden(const QString &matchID) const;
+    Q_INVOKABLE void revealScore(const QString &matchID);
+    Q_INVOKABLE void concealScore(const QString &matchID);
+    // The tray's label and tooltip line for a live match, without its score while that is hidden.
+    QString trayTitleFor(const Match &match) const;
+    QString trayLineFor(const Match &match) const;
+
     // Alerts.
     void processNotificationEvents(const QList<Match> &matches);
     Q_INVOKABLE void presentBanner(const BannerState &banner);
+    // A click on a match's notification: that match's page, on a panel that opens if it was closed.
+    void showMatchFromNotification(const QString &matchID);
     Q_INVOKABLE void dismissBanner();
 
     Match normalizeMatch(const APIGame &game) const;
@@ -309,11 +325,15 @@ signals:
     void glassGrainChanged();
     void surfaceOpacityChanged();
     void floatingCardsChanged();
+    void hideScoresChanged();
+    void revealedMatchIDsChanged();
     void teamsByIDChanged();
     void stadiumsByIDChanged();
     void allMatchesChanged();
     // One alert was raised (a notification was posted), for observers such as `pitchlark status --watch`.
     void alertRaised(BannerState::Kind kind, const QString &title, const QString &body);
+    // Something the user did outside the panel asks for it to be shown.
+    void panelRequested();
 
 private:
     // QML-facing forms of optional and enumerated members.
@@ -331,6 +351,7 @@ private:
     int refreshIntervalSeconds() const { return seconds(m_refreshInterval); }
     QString startAtLoginStatusMessageText() const { return m_startAtLoginStatusMessage.value_or(QString()); }
     QVariant activeBannerValue() const;
+    QStringList revealedMatchIDList() const;
 
     void loadSettings();
     void setMatches(const QList<Match> &matches);
@@ -394,6 +415,8 @@ private:
     double m_glassGrain = defaultGlassGrain;
     double m_surfaceOpacity = defaultSurfaceOpacity;
     bool m_floatingCards = false;
+    bool m_hideScores = false;
+    QSet<QString> m_revealedMatchIDs;
     TeamTable m_teamsByID;
     StadiumTable m_stadiumsByID;
     QList<Match> m_allMatches;

@@ -60,7 +60,7 @@ void AppModel::rebuildGlobalCaches()
     m_contestedKickoffsCache = computeContestedKickoffs();
 
     const auto chosen = trayMatch(m_liveMatchesCache);
-    setTrayTitle(chosen ? std::optional(chosen->trayMenuBarTitle()) : std::nullopt);
+    setTrayTitle(chosen ? std::optional(trayTitleFor(*chosen)) : std::nullopt);
 }
 
 void AppModel::applySelectedDateFilter()

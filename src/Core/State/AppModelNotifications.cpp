@@ -54,6 +54,7 @@ void AppModel::emitAlert(BannerState::Kind kind, const Match &match)
 {
     QString title;
     QString body;
+    const bool scoreHidden = isScoreHidden(match.id);
     switch (kind) {
     case BannerState::Kind::kickoff:
         title = QStringLiteral("Kick-off");
@@ -61,19 +62,25 @@ void AppModel::emitAlert(BannerState::Kind kind, const Match &match)
         break;
     case BannerState::Kind::goal:
         title = QStringLiteral("Goal!");
-        body = match.homeTeam + u' ' + match.scorelineDisplay() + u' ' + match.awayTeam;
+        body = scoreHidden ? QStringLiteral("A goal in ") + match.fixtureName()
+                           : match.homeTeam + u' ' + match.scorelineDisplay() + u' ' + match.awayTeam;
         break;
     case BannerState::Kind::fullTime:
         title = QStringLiteral("Full-time");
-        body = match.homeTeam + u' ' + match.scorelineDisplay() + u' ' + match.awayTeam;
+        body = scoreHidden ? QStringLiteral("Full time: ") + match.fixtureName()
+                           : match.homeTeam + u' ' + match.scorelineDisplay() + u' ' + match.awayTeam;
         break;
     }
-    // Unique per event, so that repeated events of one kind never replace each other.
-    const QString identifier = match.id + u'-' + title + u'-' + freshIdentity().first(4);
-    m_notifier.add(identifier, title, body);
+    m_notifier.add(MatchNotification{match.id, kind, title, body});
     emit alertRaised(kind, title, body);
     if (m_inAppBanners)
         presentBanner(BannerState{freshIdentity(), title, body, kind});
+}
+
+void AppModel::showMatchFromNotification(const QString &matchID)
+{
+    open(PanelRoute::match(matchID));
+    emit panelRequested();
 }
 
 void AppModel::presentBanner(const BannerState &banner)

@@ -20,4 +20,5 @@ inline const QString notifyGoals = QStringLiteral("NotifyGoals");
 inline const QString notifyFullTime = QStringLiteral("NotifyFullTime");
 inline const QString inAppBanners = QStringLiteral("InAppBanners");
 inline const QString floatingCards = QStringLiteral("FloatingCards");
+inline const QString hideScores = QStringLiteral("HideScores");
 } // namespace SettingsKeys

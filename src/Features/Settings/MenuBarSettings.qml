@@ -63,4 +63,12 @@ SettingsSection {
         current: section.model.trayIconScore
         onSelected: key => section.model.updateTrayIconScore(key)
     }
+    SwitchRow {
+        width: parent.width
+        controlName: "hideScores"
+        title: "Hide scores"
+        detail: "Show which matches are on, never their scores"
+        checked: section.model.hideScores
+        onToggled: checked => section.model.hideScores = checked
+    }
 }
