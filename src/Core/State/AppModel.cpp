@@ -197,14 +197,19 @@ void AppModel::setSelectedDate(const QString &dateKey)
 
 void AppModel::setSelectedGroup(const QString &group)
 {
+    const bool otherGroup = group != m_selectedGroup;
     m_selectedGroup = group;
     emit selectedGroupChanged();
+    if (otherGroup)
+        m_lists.groupTable.replace({});
+    feedGroupTable();
 }
 
 void AppModel::setTeamSearchText(const QString &text)
 {
     m_teamSearchText = text;
     emit teamSearchTextChanged();
+    feedTeamList();
 }
 
 void AppModel::setSelectedTeamFilterID(const std::optional<QString> &teamID)

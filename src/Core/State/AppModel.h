@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppEnums.h"
+#include "Lists/ScreenLists.h"
 #include "LoginItem.h"
 #include "Models/APIResponses.h"
 #include "Models/BannerState.h"
@@ -79,6 +80,8 @@ class AppModel : public QObject {
     Q_PROPERTY(QStringList allGroups READ allGroups CONSTANT)
     // The followed teams by name; rebuilt with the other caches, which signal it.
     Q_PROPERTY(QList<TeamSummary> favoriteTeams READ favoriteTeamsCache NOTIFY favoriteTeamsChanged)
+    // The same data as id-keyed list models, which the screens' lists are built on.
+    Q_PROPERTY(ScreenLists *lists READ lists CONSTANT)
 
 public:
     static constexpr std::chrono::milliseconds poppingRouteLifetime{550};
@@ -149,6 +152,7 @@ public:
     const QList<Match> &liveMatchesCache() const { return m_liveMatchesCache; }
     const QList<TeamSummary> &favoriteTeamsCache() const { return m_favoriteTeamsCache; }
     const QSet<QDateTime> &contestedKickoffsCache() const { return m_contestedKickoffsCache; }
+    const ScreenLists &screenLists() const { return m_lists; }
     // The running polling timer; none before startPolling().
     const QTimer *pollingTimer() const { return m_pollingTimer.get(); }
     std::function<void()> onGlassChange;
@@ -319,6 +323,16 @@ private:
     void emitAlert(BannerState::Kind kind, const Match &match);
     void rebuildSnapshots(const QList<Match> &matches);
     bool involvesFavorite(const Match &match) const;
+    ScreenLists *lists() { return &m_lists; }
+    struct FavoriteMatchGroups {
+        QList<Match> running;
+        QList<Match> coming;
+        QList<Match> results;
+    };
+    FavoriteMatchGroups favoriteMatchGroups() const;
+    void feedFavoriteLists();
+    void feedGroupTable();
+    void feedTeamList();
 
     // Observed.
     QList<Match> m_matches;
@@ -360,6 +374,9 @@ private:
     QList<Match> m_liveMatchesCache;
     QList<TeamSummary> m_favoriteTeamsCache;
     QSet<QDateTime> m_contestedKickoffsCache;
+    ScreenLists m_lists;
+    // What the fixtures list was last about: a team filter or a day. Another subject starts it afresh.
+    QString m_fixturesSubject;
     int m_liveRotationIndex = 0;
     APIService *m_api;
     std::unique_ptr<SettingsStore> m_settings;

@@ -8,7 +8,6 @@ Item {
     id: screen
 
     required property QtObject model
-    readonly property var group: model.standings.find(standing => standing.group === model.selectedGroup)
 
     SectionSwitcher {
         id: picker
@@ -38,9 +37,10 @@ Item {
                 id: table
                 objectName: "standingsTable"
                 width: parent.width
-                visible: screen.group !== undefined
+                visible: rows.count > 0
                 model: screen.model
-                group: screen.group
+                group: screen.model.selectedGroup
+                rows: screen.model.lists.groupTable
                 transform: AppearAnimation { target: table }
             }
             QualificationLegend {
