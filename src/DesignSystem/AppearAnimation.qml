@@ -16,7 +16,8 @@ Translate {
 
     readonly property SequentialAnimation entrance: SequentialAnimation {
         PropertyAction { target: appear.target; property: "opacity"; value: 0 }
-        PauseAnimation { duration: appear.delay }
+        // A card leaving its list has no index left to stagger by.
+        PauseAnimation { duration: Math.max(0, appear.delay) }
         ParallelAnimation {
             NumberAnimation {
                 target: appear.target; property: "opacity"; to: 1
