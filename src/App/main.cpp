@@ -1,5 +1,6 @@
 #include "AppDelegate.h"
 #include "DemoProfile.h"
+#include "DisplayPlatform.h"
 #include "PitchlarkVersion.h"
 #include "StatusCommand.h"
 
@@ -35,14 +36,6 @@ int runStatus(const QStringList &arguments, int argc, char *argv[])
     return app.exec();
 }
 
-// Wayland gives clients no say over where their windows go; XWayland keeps the right-edge column.
-void preferX11OnWayland()
-{
-    if (qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1StringView("wayland") &&
-        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "xcb");
-}
-
 // `pitchlark --toggle`, for a keyboard shortcut: needs no display of its own, only the session bus.
 int runToggle(int argc, char *argv[])
 {
@@ -53,12 +46,11 @@ int runToggle(int argc, char *argv[])
     return 1;
 }
 
-int runTrayApp(int argc, char *argv[])
+// Read before any display is opened, so that --help and --version answer on a bare console.
+// Returns whether --demo was given; help, version and bad options end the process here.
+bool parseTrayAppOptions(int argc, char *argv[])
 {
-    preferX11OnWayland();
-    QApplication app(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-
+    QCoreApplication app(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Your World Cup 2026 companion, in the system tray.\n\n"
@@ -75,6 +67,19 @@ int runTrayApp(int argc, char *argv[])
                                                  "keyboard shortcut)."));
     parser.addOptions({demo, toggle});
     parser.process(app);
+    return parser.isSet(demo);
+}
+
+int runTrayApp(int argc, char *argv[])
+{
+    const bool demo = parseTrayAppOptions(argc, argv);
+    if (!chooseDisplayPlatform()) {
+        QTextStream(stderr) << "Pitchlark needs a desktop session, but no X11 or Wayland display answered "
+                               "(DISPLAY and WAYLAND_DISPLAY).\n";
+        return 1;
+    }
+    QApplication app(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
 
     // One Pitchlark a session: a second start opens or closes the first one's panel instead.
     if (SingleInstance::toggleRunningInstance())
@@ -91,7 +96,7 @@ int runTrayApp(int argc, char *argv[])
     services.applyTint = [](double hue, double strength) {
         ThemeSingleton::instance()->apply(hue, strength);
     };
-    if (parser.isSet(demo)) {
+    if (demo) {
         if (!demoProfile.activate()) {
             QTextStream(stderr) << "The demo could not start its replay service.\n";
             return 1;
