@@ -19,6 +19,8 @@ packages=(
   libsodium-dev dbus-daemon dbus-bin xvfb xauth fonts-noto-color-emoji tzdata
   # the real StatusNotifierWatcher the tray tests register with
   haskell-status-notifier-item-utils
+  # the real iCalendar parser the calendar tests read their files back with
+  python3 python3-icalendar
 )
 
 missing=()

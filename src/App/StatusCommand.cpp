@@ -1,5 +1,6 @@
 #include "StatusCommand.h"
 
+#include "Calendar/MatchCalendar.h"
 #include "DemoProfile.h"
 #include "Notifications/FreedesktopNotificationSender.h"
 #include "State/AppModel.h"
@@ -42,7 +43,12 @@ std::optional<StatusCommand> StatusCommand::fromArguments(const QStringList &arg
     const QCommandLineOption demo(QStringLiteral("demo"),
                                   QStringLiteral("Replay the tournament inside this process, on a temporary "
                                                  "profile."));
-    parser.addOptions({json, waybar, watch, demo});
+    const QCommandLineOption ics(QStringLiteral("ics"),
+                                 QStringLiteral("Print the matches as an iCalendar file."));
+    const QCommandLineOption team(QStringLiteral("team"),
+                                  QStringLiteral("With --ics, only the matches of the team with this id."),
+                                  QStringLiteral("id"));
+    parser.addOptions({json, waybar, watch, demo, ics, team});
     parser.addHelpOption();
     if (!parser.parse(QStringList{QStringLiteral("pitchlark status")} + arguments)) {
         errors << parser.errorText() << "\n" << parser.helpText();
@@ -56,18 +62,27 @@ std::optional<StatusCommand> StatusCommand::fromArguments(const QStringList &arg
         errors << "Unexpected argument: " << parser.positionalArguments().constFirst() << "\n";
         return std::nullopt;
     }
-    if (parser.isSet(json) && parser.isSet(waybar)) {
-        errors << "Choose one of --json and --waybar.\n";
+    if (int(parser.isSet(json)) + int(parser.isSet(waybar)) + int(parser.isSet(ics)) > 1) {
+        errors << "Choose one of --json, --waybar and --ics.\n";
+        return std::nullopt;
+    }
+    if (parser.isSet(ics) && parser.isSet(watch)) {
+        errors << "--ics prints once; it cannot --watch.\n";
+        return std::nullopt;
+    }
+    if (parser.isSet(team) && !parser.isSet(ics)) {
+        errors << "--team goes with --ics.\n";
         return std::nullopt;
     }
     const Format format = parser.isSet(json)     ? Format::json
                           : parser.isSet(waybar) ? Format::waybar
+                          : parser.isSet(ics)    ? Format::ics
                                                  : Format::text;
-    return StatusCommand(format, parser.isSet(watch), parser.isSet(demo));
+    return StatusCommand(format, parser.isSet(watch), parser.isSet(demo), parser.value(team));
 }
 
-StatusCommand::StatusCommand(Format format, bool watch, bool demo)
-    : m_format(format), m_watch(watch), m_demo(demo)
+StatusCommand::StatusCommand(Format format, bool watch, bool demo, const QString &teamID)
+    : m_format(format), m_watch(watch), m_demo(demo), m_teamID(teamID)
 {}
 StatusCommand::StatusCommand(StatusCommand &&) noexcept = default;
 StatusCommand::~StatusCommand() = default;
@@ -95,7 +110,10 @@ QCoro::Task<> StatusCommand::start()
         QCoreApplication::exit(unreachable);
         co_return;
     }
-    print();
+    if (!print()) {
+        QCoreApplication::exit(badOptions);
+        co_return;
+    }
     if (!m_watch) {
         QCoreApplication::exit(shown);
         co_return;
@@ -104,7 +122,7 @@ QCoro::Task<> StatusCommand::start()
     m_model->startPolling();
 }
 
-void StatusCommand::print() const
+bool StatusCommand::print() const
 {
     switch (m_format) {
     case Format::text:
@@ -116,7 +134,19 @@ void StatusCommand::print() const
     case Format::waybar:
         writeLine(StatusReport::waybar(*m_model));
         break;
+    case Format::ics: {
+        if (!m_teamID.isEmpty() && !m_model->teamsByID().contains(m_teamID)) {
+            std::fprintf(stderr, "No team has the id %s.\n", qPrintable(m_teamID));
+            return false;
+        }
+        const QByteArray calendar = MatchCalendar::write(
+            m_teamID.isEmpty() ? m_model->allMatches() : m_model->matchesOfTeam(m_teamID), m_model->now());
+        std::fwrite(calendar.constData(), 1, size_t(calendar.size()), stdout);
+        std::fflush(stdout);
+        break;
     }
+    }
+    return true;
 }
 
 void StatusCommand::watchForChanges()

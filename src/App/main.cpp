@@ -14,8 +14,10 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDesktopServices>
 #include <QTextStream>
 #include <QTimer>
+#include <QUrl>
 #include <QtQml/QQmlExtensionPlugin>
 
 Q_IMPORT_QML_PLUGIN(Pitchlark_DesignSystemPlugin)
@@ -96,6 +98,8 @@ int runTrayApp(int argc, char *argv[])
     services.applyTint = [](double hue, double strength) {
         ThemeSingleton::instance()->apply(hue, strength);
     };
+    // Inside a Flatpak, Qt hands the file to the OpenURI portal instead of xdg-open.
+    services.openFile = [](const QString &path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); };
     if (demo) {
         if (!demoProfile.activate()) {
             QTextStream(stderr) << "The demo could not start its replay service.\n";

@@ -1,4 +1,5 @@
 #include "FeedServer.h"
+#include "IcsEvents.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -19,6 +20,7 @@ private slots:
     void exitCodes();
     void jsonRecords();
     void waybarLine();
+    void teamCalendar();
 
 private:
     struct Outcome {
@@ -71,6 +73,8 @@ void StatusCommandTest::exitCodes_data()
                                                  << "Couldn't reach the World Cup service.";
     QTest::newRow("unknown option") << QStringList{"--nope"} << true << 2 << "Unknown option 'nope'.";
     QTest::newRow("two formats") << QStringList{"--json", "--waybar"} << true << 2 << "Choose one of";
+    QTest::newRow("team without --ics") << QStringList{"--team", "48"} << true << 2 << "--team goes with --ics";
+    QTest::newRow("unknown team") << QStringList{"--ics", "--team", "x"} << true << 2 << "No team has the id x.";
     QTest::newRow("stray argument") << QStringList{"now"} << true << 2 << "Unexpected argument: now";
     // clang-format on
 }
@@ -134,6 +138,36 @@ void StatusCommandTest::waybarLine()
     QCOMPARE(line.value(QStringLiteral("class")).toString(), QStringLiteral("live"));
     QVERIFY(line.value(QStringLiteral("text")).toString().contains(u'–'));
     QCOMPARE(line.value(QStringLiteral("tooltip")).toString().count(u'\n'), 1);
+}
+
+void StatusCommandTest::teamCalendar()
+{
+    const QString panama = QStringLiteral("48");
+    const Outcome outcome = run({QStringLiteral("--ics"), QStringLiteral("--team"), panama}, m_feedURL);
+    QCOMPARE(outcome.exitCode, 0);
+    QSet<QString> expected;
+    const QJsonArray all = QJsonDocument::fromJson(run({QStringLiteral("--json")}, m_feedURL).output)
+                               .object()
+                               .value(QStringLiteral("allMatches"))
+                               .toArray();
+    for (const QJsonValue &match : all) {
+        const QJsonObject record = match.toObject();
+        if (record.value(QStringLiteral("homeTeamID")).toString() == panama ||
+            record.value(QStringLiteral("awayTeamID")).toString() == panama)
+            expected << QStringLiteral("match-%1@pitchlark.com")
+                            .arg(record.value(QStringLiteral("id")).toString());
+    }
+    QVERIFY(expected.size() >= 3);
+
+    const QJsonArray events = parsedIcsEvents(outcome.output);
+    QSet<QString> uids;
+    for (const QJsonValue &event : events) {
+        uids << event.toObject().value(QStringLiteral("uid")).toString();
+        QVERIFY(
+            event.toObject().value(QStringLiteral("summary")).toString().contains(QStringLiteral("Panama")));
+    }
+    QCOMPARE(uids, expected);
+    QCOMPARE(events.size(), expected.size());
 }
 
 QTEST_GUILESS_MAIN(StatusCommandTest)

@@ -1,10 +1,12 @@
 #include "ModelFixture.h"
 
+#include <QFileInfo>
 #include <QSignalSpy>
 #include <QTest>
 
 // The derived lists every screen and the tray label read: orderings, the day filter, the date strip,
-// contested kick-offs, the title in each mode, team search and team detail. Runs with TZ=UTC.
+// contested kick-offs, the title in each mode, team search and team detail, and the calendar files
+// of matches. Runs with TZ=UTC.
 class ModelQueriesTest : public QObject {
     Q_OBJECT
 
@@ -22,10 +24,13 @@ private slots:
     void teamDetail();
     void groupLabelFallsBackToTeamRecord();
     void stadiumQueries();
+    void addToCalendar_data();
+    void addToCalendar();
 
 private:
     std::unique_ptr<ModelFixture> m_fixture;
     std::unique_ptr<AppModel> m_model;
+    QStringList m_openedFiles;
 };
 
 namespace {
@@ -75,7 +80,11 @@ QStringList ids(const QList<Match> &matches)
 void ModelQueriesTest::init()
 {
     m_fixture = std::make_unique<ModelFixture>();
-    m_model = m_fixture->makeModel([] { return noon; });
+    AppModel::Services services = m_fixture->services([] { return noon; });
+    // The desktop's file handler cannot run here; the test keeps what it would be asked to open.
+    m_openedFiles.clear();
+    services.openFile = [this](const QString &path) { m_openedFiles.append(path); };
+    m_model = std::make_unique<AppModel>(std::move(services));
     m_model->applyTeams(APITeamsResponse::decode(teams)->teams);
     m_model->applyStadiums(APIStadiumsResponse::decode(stadiums)->stadiums);
     m_model->applyGroups(APIGroupsResponse::decode(groups)->groups);
@@ -269,6 +278,50 @@ void ModelQueriesTest::stadiumQueries()
     for (const APITeam &team : m_model->allTeamsSorted())
         teamsByName.append(team.nameEn);
     QCOMPARE(teamsByName.first(2), QStringList({"Canada", "Czechia"}));
+}
+
+void ModelQueriesTest::addToCalendar_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("id");
+    QTest::addColumn<QString>("fileName"); // empty when nothing is written
+    QTest::addColumn<QStringList>("eventIDs");
+
+    // clang-format off
+    QTest::newRow("match") << "match" << "1" << "match-1.ics" << QStringList{"1"};
+    QTest::newRow("unknown match") << "match" << "404" << "" << QStringList();
+    // Undated matches (5 and 7) have no place in a calendar.
+    QTest::newRow("team") << "team" << "6" << "team-6.ics" << QStringList{"3", "8"};
+    QTest::newRow("team without matches") << "team" << "99" << "" << QStringList();
+    QTest::newRow("favourites") << "favorites" << "" << "favorites.ics" << QStringList{"1", "4"};
+    // clang-format on
+}
+
+void ModelQueriesTest::addToCalendar()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, id);
+    QFETCH(QString, fileName);
+    QFETCH(QStringList, eventIDs);
+
+    const bool added = kind == QLatin1StringView("match")  ? m_model->addMatchToCalendar(id)
+                       : kind == QLatin1StringView("team") ? m_model->addTeamToCalendar(id)
+                                                           : m_model->addFavoritesToCalendar();
+    QCOMPARE(added, !fileName.isEmpty());
+    if (fileName.isEmpty()) {
+        QVERIFY(m_openedFiles.isEmpty());
+        return;
+    }
+    QCOMPARE(m_openedFiles.size(), 1);
+    QCOMPARE(QFileInfo(m_openedFiles.first()).fileName(), fileName);
+    QFile file(m_openedFiles.first());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QStringList found;
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        if (line.startsWith("UID:match-"))
+            found.append(QString::fromUtf8(line.mid(10).split('@').first()));
+    }
+    QCOMPARE(found, eventIDs);
 }
 
 QTEST_GUILESS_MAIN(ModelQueriesTest)

@@ -27,6 +27,7 @@ AppModel::AppModel(Services services, QObject *parent)
       m_notifier(std::move(services.notifications)),
       m_now(services.now ? std::move(services.now) : [] { return QDateTime::currentDateTimeUtc(); }),
       m_applyTint(services.applyTint ? std::move(services.applyTint) : [](double, double) {}),
+      m_openFile(services.openFile ? std::move(services.openFile) : [](const QString &) {}),
       m_allGroups(groupLetters())
 {
     m_selectedDate = WCFormatters::shared().dateKey(now());

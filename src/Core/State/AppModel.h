@@ -102,6 +102,8 @@ public:
         std::function<QDateTime()> now;
         // Re-tints the panel's inks; the design system lives outside the core, so the app hands it in.
         std::function<void(double hue, double strength)> applyTint;
+        // Opens a file with the desktop's default handler; a GUI concern, so the app hands it in.
+        std::function<void(const QString &path)> openFile;
     };
 
     explicit AppModel(QObject *parent = nullptr);
@@ -230,7 +232,15 @@ public:
     Q_INVOKABLE TeamSummary teamSummary(const QString &teamID) const;
     Q_INVOKABLE QList<TeamSearchResult> teamSearchResults() const;
     Q_INVOKABLE TeamDetailState teamDetailState(const QString &teamID) const;
+    // One team's matches by kick-off.
+    QList<Match> matchesOfTeam(const QString &teamID) const;
     QList<PanelRoute> renderedRoutes() const;
+
+    // Calendar: writes an iCalendar file of the matches and opens it with the desktop's calendar.
+    // False when there is nothing to add or the file cannot be written.
+    Q_INVOKABLE bool addMatchToCalendar(const QString &matchID);
+    Q_INVOKABLE bool addTeamToCalendar(const QString &teamID);
+    Q_INVOKABLE bool addFavoritesToCalendar();
 
     // Alerts.
     void processNotificationEvents(const QList<Match> &matches);
@@ -321,6 +331,7 @@ private:
     QCoro::Task<Result<QList<APITeam>, FetchError>> fetchTeamsIfNeeded();
     QCoro::Task<Result<QList<APIStadium>, FetchError>> fetchStadiumsIfNeeded();
     void emitAlert(BannerState::Kind kind, const Match &match);
+    bool addToCalendar(const QString &fileName, const QList<Match> &matches);
     void rebuildSnapshots(const QList<Match> &matches);
     bool involvesFavorite(const Match &match) const;
     ScreenLists *lists() { return &m_lists; }
@@ -384,6 +395,7 @@ private:
     NotificationManager m_notifier;
     std::function<QDateTime()> m_now;
     std::function<void(double hue, double strength)> m_applyTint;
+    std::function<void(const QString &path)> m_openFile;
     std::unique_ptr<QTimer> m_pollingTimer;
     bool m_isFetching = false;
     QHash<QString, MatchSnapshot> m_matchSnapshots;

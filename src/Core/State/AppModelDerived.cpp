@@ -323,6 +323,15 @@ QList<TeamSearchResult> AppModel::teamSearchResults() const
     return results;
 }
 
+QList<Match> AppModel::matchesOfTeam(const QString &teamID) const
+{
+    QList<Match> matches;
+    std::copy_if(
+        m_allMatches.cbegin(), m_allMatches.cend(), std::back_inserter(matches),
+        [&teamID](const Match &match) { return match.homeTeamID == teamID || match.awayTeamID == teamID; });
+    return stablySorted(matches, &AppModel::sortMatchesByKickoff);
+}
+
 TeamDetailState AppModel::teamDetailState(const QString &teamID) const
 {
     TeamDetailState state;
@@ -339,10 +348,7 @@ TeamDetailState AppModel::teamDetailState(const QString &teamID) const
             break;
         }
     }
-    std::copy_if(
-        m_allMatches.cbegin(), m_allMatches.cend(), std::back_inserter(state.matches),
-        [&teamID](const Match &match) { return match.homeTeamID == teamID || match.awayTeamID == teamID; });
-    state.matches = stablySorted(state.matches, &AppModel::sortMatchesByKickoff);
+    state.matches = matchesOfTeam(teamID);
     const auto finished = [](const Match &match) { return match.status == MatchStatus::finished; };
     const auto next = std::find_if_not(state.matches.cbegin(), state.matches.cend(), finished);
     if (next != state.matches.cend())

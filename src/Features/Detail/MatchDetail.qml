@@ -206,4 +206,12 @@ Column {
             }
         }
     }
+    CapsuleButton {
+        objectName: "addMatchToCalendar"
+        anchors.horizontalCenter: parent.horizontalCenter
+        visible: detail.found && detail.match.status === "scheduled"
+        symbol: "📅"
+        text: "Add to calendar"
+        onClicked: detail.model.addMatchToCalendar(detail.matchID)
+    }
 }

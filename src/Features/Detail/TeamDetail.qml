@@ -135,6 +135,15 @@ Column {
                 accessibleName: "Show the fixtures of " + detail.team.summary.name
                 onClicked: detail.showFixtures()
             }
+            CapsuleButton {
+                objectName: "addTeamToCalendar"
+                anchors.horizontalCenter: parent.horizontalCenter
+                visible: detail.team.matches.length > 0
+                symbol: "📅"
+                text: "Add to calendar"
+                accessibleName: "Add the matches of " + detail.team.summary.name + " to your calendar"
+                onClicked: detail.model.addTeamToCalendar(detail.teamID)
+            }
         }
     }
     MatchList {

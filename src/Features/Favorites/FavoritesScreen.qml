@@ -9,6 +9,8 @@ Item {
 
     required property QtObject model
     readonly property int teamCount: model.lists.favoriteTeams.count
+    readonly property int matchCount: model.lists.favoriteLive.count + model.lists.favoriteComing.count
+                                      + model.lists.favoriteResults.count
 
     FadingScrollView {
         anchors { fill: parent; leftMargin: Theme.gutter; rightMargin: Theme.gutter }
@@ -70,6 +72,15 @@ Item {
                 model: screen.model
                 title: "Results"
                 rows: screen.model.lists.favoriteResults
+            }
+            CapsuleButton {
+                objectName: "addFavoritesToCalendar"
+                anchors.horizontalCenter: parent.horizontalCenter
+                visible: screen.matchCount > 0
+                symbol: "📅"
+                text: "Add to calendar"
+                accessibleName: "Add the matches of the teams you follow to your calendar"
+                onClicked: screen.model.addFavoritesToCalendar()
             }
             EmptyState {
                 objectName: "favoritesEmpty"

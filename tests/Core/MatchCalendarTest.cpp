@@ -1,0 +1,140 @@
+#include "Calendar/MatchCalendar.h"
+#include "IcsEvents.h"
+
+#include <QJsonObject>
+#include <QTest>
+#include <QTimeZone>
+
+// Calendar files as a calendar program imports them: read back by a real iCalendar parser, and held to
+// the rules of RFC 5545 that importers are strict about.
+class MatchCalendarTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void parserReadsEveryEventBack_data();
+    void parserReadsEveryEventBack();
+    void linesFollowTheRules();
+    void importingAgainKeepsTheUIDs();
+};
+
+namespace {
+
+Match matchAt(const QString &id, const QDateTime &kickoff, const QString &home, const QString &away,
+              const QString &stadium, const QString &city)
+{
+    Match match;
+    match.id = id;
+    match.matchNumber = id.toInt();
+    match.round = QStringLiteral("GROUP");
+    match.groupName = QStringLiteral("L");
+    match.homeTeam = home;
+    match.awayTeam = away;
+    match.stadium = stadium;
+    match.city = city;
+    match.kickoffDate = kickoff;
+    return match;
+}
+
+const QDateTime stamp(QDate(2026, 6, 1), QTime(8, 0), QTimeZone::utc());
+
+QByteArray unfolded(QByteArray calendar)
+{
+    return calendar.replace("\r\n ", "");
+}
+
+} // namespace
+
+void MatchCalendarTest::parserReadsEveryEventBack_data()
+{
+    QTest::addColumn<Match>("match");
+    QTest::addColumn<QString>("location");
+    QTest::addColumn<QString>("start");
+
+    const QTimeZone toronto("America/Toronto");
+    // clang-format off
+    QTest::newRow("plain") << matchAt("60", QDateTime(QDate(2026, 6, 27), QTime(21, 0), QTimeZone::utc()),
+                                      "Panama", "England", "MetLife Stadium", "New York")
+                           << "MetLife Stadium, New York" << "2026-06-27T21:00:00+00:00";
+    // A venue-local kick-off is written in UTC.
+    QTest::newRow("local kick-off") << matchAt("7", QDateTime(QDate(2026, 6, 12), QTime(15, 0), toronto),
+                                               "Canada", "Bosnia and Herzegovina", "BMO Field", "Toronto")
+                                    << "BMO Field, Toronto" << "2026-06-12T19:00:00+00:00";
+    QTest::newRow("separators and a backslash")
+        << matchAt("3", QDateTime(QDate(2026, 6, 13), QTime(1, 0), QTimeZone::utc()), "Côte d'Ivoire",
+                   "Curaçao", "Estadio BBVA; Guadalupe, Nuevo León \\ north", "Monterrey")
+        << "Estadio BBVA; Guadalupe, Nuevo León \\ north, Monterrey" << "2026-06-13T01:00:00+00:00";
+    QTest::newRow("long and not ASCII")
+        << matchAt("88", QDateTime(QDate(2026, 7, 4), QTime(17, 0), QTimeZone::utc()),
+                   "Demokratische Volksrepublik 🇰🇵 Überlänge", "République démocratique du Congo",
+                   "Estádio Ñandú – Über den Wolken", "São Paulo")
+        << "Estádio Ñandú – Über den Wolken, São Paulo" << "2026-07-04T17:00:00+00:00";
+    // clang-format on
+}
+
+void MatchCalendarTest::parserReadsEveryEventBack()
+{
+    QFETCH(Match, match);
+    Match undated = match;
+    undated.id = QStringLiteral("999");
+    undated.kickoffDate = QDateTime();
+
+    const QJsonArray events = parsedIcsEvents(MatchCalendar::write({match, undated}, stamp));
+    // A match without a kick-off cannot be placed in a calendar.
+    QCOMPARE(events.size(), 1);
+    const QJsonObject event = events.first().toObject();
+    QCOMPARE(event.value(QStringLiteral("uid")).toString(),
+             QStringLiteral("match-%1@pitchlark.com").arg(match.id));
+    QCOMPARE(event.value(QStringLiteral("summary")).toString(),
+             match.homeTeam + QStringLiteral(" v ") + match.awayTeam);
+    QTEST(event.value(QStringLiteral("location")).toString(), "location");
+    QTEST(event.value(QStringLiteral("start")).toString(), "start");
+    QCOMPARE(QDateTime::fromString(event.value(QStringLiteral("end")).toString(), Qt::ISODate),
+             match.kickoffDate.addSecs(MatchCalendar::eventMinutes * 60));
+    QCOMPARE(event.value(QStringLiteral("description")).toString(),
+             QStringLiteral("Group L · Match %1").arg(match.matchNumber));
+}
+
+void MatchCalendarTest::linesFollowTheRules()
+{
+    const Match match =
+        matchAt("88", QDateTime(QDate(2026, 7, 4), QTime(17, 0), QTimeZone::utc()),
+                QStringLiteral("Demokratische Volksrepublik 🇰🇵 Überlänge"),
+                QStringLiteral("République démocratique du Congo"),
+                QStringLiteral("Estadio BBVA; Guadalupe, Nuevo León"), QStringLiteral("Monterrey"));
+    const QByteArray calendar = MatchCalendar::write({match}, stamp);
+
+    QVERIFY(calendar.endsWith("END:VCALENDAR\r\n"));
+    QCOMPARE(calendar.count('\n'), calendar.count("\r\n"));
+    const QList<QByteArray> lines = calendar.chopped(2).split('\n');
+    bool folded = false;
+    for (const QByteArray &line : lines) {
+        const QByteArray content = line.chopped(1);
+        QVERIFY2(content.size() <= 75, content.constData());
+        // A fold never cuts a character in two.
+        QVERIFY2(QString::fromUtf8(content).toUtf8() == content, content.constData());
+        folded = folded || content.startsWith(' ');
+    }
+    QVERIFY(folded);
+
+    const QList<QByteArray> contentLines = unfolded(calendar).split('\n');
+    QVERIFY(contentLines.contains("DTSTART:20260704T170000Z\r"));
+    QVERIFY(contentLines.contains("LOCATION:Estadio BBVA\\; Guadalupe\\, Nuevo León\\, Monterrey\r"));
+}
+
+void MatchCalendarTest::importingAgainKeepsTheUIDs()
+{
+    const Match match =
+        matchAt("60", QDateTime(QDate(2026, 6, 27), QTime(21, 0), QTimeZone::utc()), QStringLiteral("Panama"),
+                QStringLiteral("England"), QStringLiteral("MetLife Stadium"), QStringLiteral("New York"));
+    const auto withoutStamp = [](QByteArray calendar) {
+        QList<QByteArray> lines = calendar.split('\n');
+        lines.removeIf([](const QByteArray &line) { return line.startsWith("DTSTAMP:"); });
+        return lines;
+    };
+    // Written a day apart, the files differ only in when they were made.
+    QCOMPARE(withoutStamp(MatchCalendar::write({match}, stamp)),
+             withoutStamp(MatchCalendar::write({match}, stamp.addDays(1))));
+}
+
+QTEST_GUILESS_MAIN(MatchCalendarTest)
+#include "MatchCalendarTest.moc"
