@@ -104,8 +104,14 @@ void AppDelegate::setFloatingCards(const QString &value)
 
 void AppDelegate::applyDebugHooks()
 {
-    if (const auto section = sectionFromRawValue(m_environment.value(QStringLiteral("TIDEWELL_SECTION"))))
-        m_model.setSection(*section);
+    const QString section = m_environment.value(QStringLiteral("TIDEWELL_SECTION"));
+    // "bracket" is the standings section on its knockout view, for snapshots of the tree.
+    if (section == QLatin1StringView("bracket")) {
+        m_model.setSection(Section::standings);
+        m_model.setShowsBracket(true);
+    } else if (const auto chosen = sectionFromRawValue(section)) {
+        m_model.setSection(*chosen);
+    }
     if (m_environment.contains(QStringLiteral("TIDEWELL_FLOATING")))
         setFloatingCards(m_environment.value(QStringLiteral("TIDEWELL_FLOATING")));
     if (m_environment.contains(QStringLiteral("TIDEWELL_DETAIL")) ||

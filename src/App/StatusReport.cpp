@@ -56,6 +56,11 @@ QJsonObject matchJson(const Match &match)
         {QStringLiteral("minute"), optional(match.minute)},
         {QStringLiteral("homeScorers"), QJsonArray::fromStringList(match.homeScorers)},
         {QStringLiteral("awayScorers"), QJsonArray::fromStringList(match.awayScorers)},
+        {QStringLiteral("homeSlotLabel"), match.homeSlotLabel},
+        {QStringLiteral("awaySlotLabel"), match.awaySlotLabel},
+        {QStringLiteral("wentToExtraTime"), match.wentToExtraTime},
+        {QStringLiteral("decidedOnPenalties"), match.decidedOnPenalties},
+        {QStringLiteral("winnerTeamID"), optional(match.winnerTeamID)},
     };
 }
 
@@ -142,11 +147,17 @@ QString text(const AppModel &model)
         for (const Match &match : today) {
             const QString score =
                 match.status == MatchStatus::scheduled ? QStringLiteral("v") : match.scorelineDisplay();
-            lines << QStringLiteral("  %1  %2 %3 %4  %5")
-                         .arg(match.compactStatusLabel(), -6)
-                         .arg(match.homeTeam, score, match.awayTeam, match.venueLine());
+            QString line = QStringLiteral("  %1  %2 %3 %4  %5")
+                               .arg(match.compactStatusLabel(), -6)
+                               .arg(match.homeTeam, score, match.awayTeam, match.venueLine());
+            // "AET" or "Pens" in the status column; the shoot-out's winner is worth a word of its own.
+            if (match.decidedOnPenalties)
+                line += QStringLiteral("  (") + match.kickoffDetailLabel() + u')';
+            lines << line;
         }
     }
+    if (model.bracket().championTeamID())
+        lines << QString() << QStringLiteral("Champion: ") + model.bracket().championName();
     if (model.lastUpdated().isValid()) {
         lines << QString()
               << QStringLiteral("Updated ") +
@@ -168,6 +179,7 @@ QJsonObject json(const AppModel &model)
         {QStringLiteral("matches"), arrayOf(model.matches(), matchJson)},
         {QStringLiteral("allMatches"), arrayOf(model.allMatches(), matchJson)},
         {QStringLiteral("standings"), arrayOf(model.standings(), groupJson)},
+        {QStringLiteral("championTeamID"), optional(model.bracket().championTeamID())},
     };
 }
 

@@ -107,7 +107,7 @@ void StatusCommandTest::jsonRecords()
     const QJsonArray live = report.value(QStringLiteral("liveMatches")).toArray();
     QCOMPARE(live.size(), 2);
     const QJsonObject first = live.first().toObject();
-    QCOMPARE(first.keys().size(), 26);
+    QCOMPARE(first.keys().size(), 31);
     QCOMPARE(first.value(QStringLiteral("status")).toString(), QStringLiteral("in_play"));
     QCOMPARE(first.value(QStringLiteral("kickoffDate")).toString(), QStringLiteral("2026-06-27T21:00:00Z"));
     QVERIFY(first.value(QStringLiteral("homeScore")).isDouble());

@@ -51,6 +51,15 @@ void MatchRecordsTest::statusTexts_data()
     clock.minute = 452;
     Match minuteOnly = matchWith(MatchStatus::inPlay, 1, 0);
     minuteOnly.minute = 45;
+    Match extraTime = matchWith(MatchStatus::finished, 1, 2);
+    extraTime.wentToExtraTime = true;
+    Match shootOut = matchWith(MatchStatus::finished, 1, 1);
+    shootOut.wentToExtraTime = shootOut.decidedOnPenalties = true;
+    shootOut.homeTeamID = QStringLiteral("9");
+    shootOut.awayTeamID = QStringLiteral("12");
+    shootOut.awayTeam = QStringLiteral("Paraguay");
+    Match shootOutWon = shootOut;
+    shootOutWon.winnerTeamID = QStringLiteral("12");
 
     // clang-format off
     QTest::newRow("scheduled") << matchWith(MatchStatus::scheduled) << "19:00" << "Kickoff 19:00";
@@ -59,6 +68,9 @@ void MatchRecordsTest::statusTexts_data()
     QTest::newRow("live with nothing") << matchWith(MatchStatus::inPlay) << "LIVE" << "Live now";
     QTest::newRow("half time") << matchWith(MatchStatus::halfTime, 1, 1) << "HT" << "Half-time";
     QTest::newRow("finished") << matchWith(MatchStatus::finished, 2, 1) << "FT" << "Full-time";
+    QTest::newRow("after extra time") << extraTime << "AET" << "After extra time";
+    QTest::newRow("shoot-out, winner not known yet") << shootOut << "Pens" << "Decided on penalties";
+    QTest::newRow("shoot-out won") << shootOutWon << "Pens" << "Paraguay win on penalties";
     // clang-format on
 }
 
@@ -206,10 +218,11 @@ void MatchRecordsTest::formattersUseTheirZoneInEnglish_data()
     QTest::addColumn<QByteArray>("zone");
     QTest::addColumn<QString>("dateKey");
     QTest::addColumn<QString>("full");
+    QTest::addColumn<QString>("dated");
 
     // clang-format off
-    QTest::newRow("Berlin") << QByteArray("Europe/Berlin") << "2026-06-11" << "Thu, Jun 11 · 21:00";
-    QTest::newRow("Tokyo, next day") << QByteArray("Asia/Tokyo") << "2026-06-12" << "Fri, Jun 12 · 04:00";
+    QTest::newRow("Berlin") << QByteArray("Europe/Berlin") << "2026-06-11" << "Thu, Jun 11 · 21:00" << "Thu 11 Jun · 21:00";
+    QTest::newRow("Tokyo, next day") << QByteArray("Asia/Tokyo") << "2026-06-12" << "Fri, Jun 12 · 04:00" << "Fri 12 Jun · 04:00";
     // clang-format on
 }
 
@@ -222,6 +235,9 @@ void MatchRecordsTest::formattersUseTheirZoneInEnglish()
     const QDateTime kickoff(QDate(2026, 6, 11), QTime(19, 0), QTimeZone::utc());
     QTEST(formatters.dateKey(kickoff), "dateKey");
     QTEST(formatters.kickoffFull(kickoff), "full");
+    Match match;
+    match.kickoffDate = kickoff;
+    QTEST(match.kickoffDatedLabel(formatters), "dated");
     QCOMPARE(formatters.friendlyDate(kickoff) + u' ' + formatters.kickoffTime(kickoff),
              formatters.kickoffFull(kickoff).replace(QStringLiteral(" · "), QStringLiteral(" ")));
     QCOMPARE(formatters.weekdayShort(kickoff), formatters.friendlyDate(kickoff).first(3));

@@ -38,6 +38,8 @@ private slots:
     void tabbingScrollsTheFocusIntoView();
     void pinSwitchesTheMenuBarMode();
     void standingsShowTheGroupInOrderAndOpenTeams();
+    void bracketShowsTheKnockoutTree_data();
+    void bracketShowsTheKnockoutTree();
     void unknownMatchSaysNotFound();
     void markupInTheFeedShowsAsText();
 
@@ -202,6 +204,48 @@ void PanelScreensTest::standingsShowTheGroupInOrderAndOpenTeams()
     const QString leader = group->standings.constFirst().teamID;
     m_panel->click(QStringLiteral("standing-") + leader);
     QCOMPARE(m_panel->model->detailStack(), QList<PanelRoute>{PanelRoute::team(leader)});
+}
+
+void PanelScreensTest::bracketShowsTheKnockoutTree_data()
+{
+    QTest::addColumn<QDateTime>("at");
+    QTest::addColumn<QString>("firstHomeSide"); // of the first round's first game in bracket order
+
+    QTest::newRow("group stage running")
+        << QDateTime(QDate(2026, 6, 20), QTime(12, 0), QTimeZone::utc()) << "Winner Group E";
+    QTest::newRow("group stage over")
+        << QDateTime(QDate(2026, 6, 28), QTime(6, 0), QTimeZone::utc()) << "Germany";
+}
+
+void PanelScreensTest::bracketShowsTheKnockoutTree()
+{
+    QFETCH(QDateTime, at);
+    QFETCH(QString, firstHomeSide);
+    m_panel.reset();
+    m_panel = std::make_unique<Panel>(Tournament::bundled(), m_engine, nullptr, at);
+    QVERIFY(QTest::qWaitForWindowExposed(m_panel->window));
+    m_panel->model->setSection(Section::standings);
+    QTRY_VERIFY(m_panel->item(QStringLiteral("segment-knockout")));
+    m_panel->click(QStringLiteral("segment-knockout"));
+    QTRY_VERIFY(m_panel->item(QStringLiteral("roundPicker")));
+
+    // The round of 32 in bracket order, each side named or waiting for its slot, without a follow star.
+    const QList<Match> firstRound = m_panel->model->bracket().rounds.constFirst().games;
+    QCOMPARE(firstRound.size(), 16);
+    QTRY_COMPARE(
+        shownInOrder(m_panel->window->contentItem(), QStringLiteral("bracketGame-"), matchIDs(firstRound)),
+        matchIDs(firstRound));
+    const Match &first = firstRound.constFirst();
+    QCOMPARE(first.homeTeam, firstHomeSide);
+    QVERIFY(m_panel->item(QStringLiteral("bracketGame-") + first.id)
+                ->property("accessibleName")
+                .toString()
+                .startsWith(first.homeTeam));
+
+    m_panel->click(QStringLiteral("bracketGame-") + first.id);
+    QCOMPARE(m_panel->model->detailStack(), QList<PanelRoute>{PanelRoute::match(first.id)});
+    QTRY_VERIFY(m_panel->item(QStringLiteral("matchHero")));
+    QCOMPARE(bool(m_panel->item(QStringLiteral("follow-0"))), false);
 }
 
 void PanelScreensTest::unknownMatchSaysNotFound()

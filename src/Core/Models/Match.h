@@ -12,6 +12,8 @@
 
 #include <optional>
 
+class WCFormatters;
+
 // One match as the program knows it, made once from the feed by normalisation. An empty QUrl, an
 // invalid QDateTime and an empty optional each mean "absent".
 struct Match {
@@ -43,6 +45,12 @@ struct Match {
     Q_PROPERTY(QVariant minute READ minuteValue)
     Q_PROPERTY(QStringList homeScorers MEMBER homeScorers)
     Q_PROPERTY(QStringList awayScorers MEMBER awayScorers)
+    Q_PROPERTY(QString homeSlotLabel MEMBER homeSlotLabel)
+    Q_PROPERTY(QString awaySlotLabel MEMBER awaySlotLabel)
+    Q_PROPERTY(bool wentToExtraTime MEMBER wentToExtraTime)
+    Q_PROPERTY(bool decidedOnPenalties MEMBER decidedOnPenalties)
+    Q_PROPERTY(QString winnerTeamID READ winnerTeamIDText)
+    Q_PROPERTY(bool isKnockout READ isKnockout)
     Q_PROPERTY(QString venueLine READ venueLine)
     Q_PROPERTY(QString scorelineDisplay READ scorelineDisplay)
     Q_PROPERTY(QString displayHomeScore READ displayHomeScore)
@@ -51,6 +59,7 @@ struct Match {
     Q_PROPERTY(QString kickoffDetailLabel READ kickoffDetailLabel)
     Q_PROPERTY(QString roundLabel READ roundLabel)
     Q_PROPERTY(QString kickoffFullLabel READ kickoffFullLabel)
+    Q_PROPERTY(QString kickoffDatedLabel READ kickoffDatedLabel)
     Q_PROPERTY(QString trayMenuBarTitle READ trayMenuBarTitle)
 
 public:
@@ -80,7 +89,18 @@ public:
     std::optional<int> minute;
     QStringList homeScorers;
     QStringList awayScorers;
+    // A knockout side's bracket slot as the feed labels it ("Winner Group E", "Winner Match 73"), kept
+    // after the side is known; empty for group games.
+    QString homeSlotLabel;
+    QString awaySlotLabel;
+    // Knockout outcome, derived from all matches once they are normalised (KnockoutOutcomes).
+    bool wentToExtraTime = false;
+    bool decidedOnPenalties = false;
+    std::optional<QString> winnerTeamID;
 
+    bool isKnockout() const { return !round.isEmpty() && round != QLatin1StringView("GROUP"); }
+    // The side's name as the screens show a result: "Paraguay win on penalties".
+    QString winnerName() const;
     QString venueLine() const;
     QString scorelineDisplay() const;
     QString displayHomeScore() const;
@@ -89,6 +109,9 @@ public:
     QString kickoffDetailLabel() const;
     QString roundLabel() const;
     QString kickoffFullLabel() const;
+    // The kick-off with its day, for cards shown outside a heading of their own day.
+    QString kickoffDatedLabel(const WCFormatters &formatters) const;
+    QString kickoffDatedLabel() const;
     QString trayMenuBarTitle() const;
 
     QString statusText() const { return rawValue(status); }
@@ -97,6 +120,7 @@ public:
     QVariant awayScoreValue() const { return awayScore ? QVariant(*awayScore) : QVariant(); }
     QVariant liveClockValue() const { return liveClock ? QVariant(*liveClock) : QVariant(); }
     QVariant minuteValue() const { return minute ? QVariant(*minute) : QVariant(); }
+    QString winnerTeamIDText() const { return winnerTeamID.value_or(QString()); }
 
     friend bool operator==(const Match &, const Match &) = default;
 };

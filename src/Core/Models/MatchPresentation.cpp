@@ -52,7 +52,9 @@ QString Match::compactStatusLabel() const
     case MatchStatus::halfTime:
         return QStringLiteral("HT");
     case MatchStatus::finished:
-        return QStringLiteral("FT");
+        if (decidedOnPenalties)
+            return QStringLiteral("Pens");
+        return wentToExtraTime ? QStringLiteral("AET") : QStringLiteral("FT");
     }
     Q_UNREACHABLE();
     return {};
@@ -72,10 +74,22 @@ QString Match::kickoffDetailLabel() const
     case MatchStatus::halfTime:
         return QStringLiteral("Half-time");
     case MatchStatus::finished:
-        return QStringLiteral("Full-time");
+        if (decidedOnPenalties) {
+            // The feed never says who won a shoot-out; until the next round names the side, say only how.
+            return winnerTeamID ? winnerName() + QStringLiteral(" win on penalties")
+                                : QStringLiteral("Decided on penalties");
+        }
+        return wentToExtraTime ? QStringLiteral("After extra time") : QStringLiteral("Full-time");
     }
     Q_UNREACHABLE();
     return {};
+}
+
+QString Match::winnerName() const
+{
+    if (!winnerTeamID)
+        return {};
+    return *winnerTeamID == homeTeamID ? homeTeam : awayTeam;
 }
 
 QString Match::roundLabel() const
@@ -90,6 +104,16 @@ QString Match::roundLabel() const
 QString Match::kickoffFullLabel() const
 {
     return kickoffDate.isValid() ? WCFormatters::shared().kickoffFull(kickoffDate) : kickoffLabel;
+}
+
+QString Match::kickoffDatedLabel(const WCFormatters &formatters) const
+{
+    return kickoffDate.isValid() ? formatters.kickoffDated(kickoffDate) : kickoffLabel;
+}
+
+QString Match::kickoffDatedLabel() const
+{
+    return kickoffDatedLabel(WCFormatters::shared());
 }
 
 QString Match::trayMenuBarTitle() const

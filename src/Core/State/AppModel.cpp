@@ -1,5 +1,6 @@
 #include "AppModel.h"
 
+#include "Models/BracketSlot.h"
 #include "SettingsKeys.h"
 #include "XdgAutostartLoginItem.h"
 
@@ -54,6 +55,8 @@ void AppModel::loadSettings()
 {
     const auto favorites = m_settings->stringList(SettingsKeys::favoriteTeamIDs).value_or(QStringList());
     m_favoriteTeamIDs = QSet<QString>(favorites.cbegin(), favorites.cend());
+    // Earlier versions let a knockout slot be followed as team "0".
+    m_favoriteTeamIDs.removeIf([](const QString &teamID) { return !BracketSlot::isDecidedSide(teamID); });
     m_pinnedLiveMatchID = m_settings->string(SettingsKeys::pinnedLiveMatchID);
     m_trayDisplayMode =
         trayDisplayModeFromRawValue(m_settings->string(SettingsKeys::trayDisplayMode).value_or(QString()))
@@ -194,6 +197,7 @@ void AppModel::setSelectedDate(const QString &dateKey)
 {
     m_selectedDate = dateKey;
     emit selectedDateChanged();
+    emit selectedDayFactsChanged();
 }
 
 void AppModel::setSelectedGroup(const QString &group)
@@ -204,6 +208,12 @@ void AppModel::setSelectedGroup(const QString &group)
     if (otherGroup)
         m_lists.groupTable.replace({});
     feedGroupTable();
+}
+
+void AppModel::setShowsBracket(bool shows)
+{
+    m_showsBracket = shows;
+    emit showsBracketChanged();
 }
 
 void AppModel::setTeamSearchText(const QString &text)
@@ -402,5 +412,7 @@ void AppModel::setStadiumsByID(const StadiumTable &stadiums)
 void AppModel::setAllMatches(const QList<Match> &matches)
 {
     m_allMatches = matches;
+    m_bracket = KnockoutBracket::from(m_allMatches);
     emit allMatchesChanged();
+    emit selectedDayFactsChanged();
 }

@@ -5,7 +5,9 @@
 #include "LoginItem.h"
 #include "Models/APIResponses.h"
 #include "Models/BannerState.h"
+#include "Models/DayFacts.h"
 #include "Models/GroupStanding.h"
+#include "Models/KnockoutBracket.h"
 #include "Models/Match.h"
 #include "Models/MatchSnapshot.h"
 #include "Models/TeamDetailState.h"
@@ -44,6 +46,8 @@ class AppModel : public QObject {
     Q_PROPERTY(QString section READ sectionName WRITE setSectionName NOTIFY sectionChanged)
     Q_PROPERTY(QString selectedDate READ selectedDate WRITE setSelectedDate NOTIFY selectedDateChanged)
     Q_PROPERTY(QString selectedGroup READ selectedGroup WRITE setSelectedGroup NOTIFY selectedGroupChanged)
+    // The standings section shows the knockout tree instead of the group tables.
+    Q_PROPERTY(bool showsBracket READ showsBracket WRITE setShowsBracket NOTIFY showsBracketChanged)
     Q_PROPERTY(
         QString teamSearchText READ teamSearchText WRITE setTeamSearchText NOTIFY teamSearchTextChanged)
     Q_PROPERTY(QString selectedTeamFilterID READ selectedTeamFilterIDText WRITE setSelectedTeamFilterIDText
@@ -82,6 +86,12 @@ class AppModel : public QObject {
     Q_PROPERTY(QList<TeamSummary> favoriteTeams READ favoriteTeamsCache NOTIFY favoriteTeamsChanged)
     // The same data as id-keyed list models, which the screens' lists are built on.
     Q_PROPERTY(ScreenLists *lists READ lists CONSTANT)
+    // Depends on the favourites and on the tables, which arrive before the caches are rebuilt.
+    Q_PROPERTY(QStringList groupsByInterest READ groupsByInterest NOTIFY favoriteTeamsChanged)
+    // What the fixtures screen says when the selected day has no matches.
+    Q_PROPERTY(DayFacts selectedDayFacts READ selectedDayFacts NOTIFY selectedDayFactsChanged)
+    // The knockout tree, read from the matches each time they change.
+    Q_PROPERTY(KnockoutBracket bracket READ bracket NOTIFY allMatchesChanged)
 
 public:
     static constexpr std::chrono::milliseconds poppingRouteLifetime{550};
@@ -120,6 +130,7 @@ public:
     Section section() const { return m_section; }
     const QString &selectedDate() const { return m_selectedDate; }
     const QString &selectedGroup() const { return m_selectedGroup; }
+    bool showsBracket() const { return m_showsBracket; }
     const QString &teamSearchText() const { return m_teamSearchText; }
     const std::optional<QString> &selectedTeamFilterID() const { return m_selectedTeamFilterID; }
     const QList<PanelRoute> &detailStack() const { return m_detailStack; }
@@ -163,6 +174,7 @@ public:
     void setSection(Section section);
     void setSelectedDate(const QString &dateKey);
     void setSelectedGroup(const QString &group);
+    void setShowsBracket(bool shows);
     void setTeamSearchText(const QString &text);
     void setSelectedTeamFilterID(const std::optional<QString> &teamID);
     void setNotificationsEnabled(bool enabled);
@@ -228,6 +240,14 @@ public:
     QList<APITeam> allTeamsSorted() const;
     std::optional<QString> groupLabel(const QString &teamID) const;
     Q_INVOKABLE bool isFavorite(const QString &teamID) const { return m_favoriteTeamIDs.contains(teamID); }
+    // Only decided sides can be followed; a knockout slot ("Winner Group E") is team "0".
+    Q_INVOKABLE bool canFollow(const QString &teamID) const;
+    // Group letters, the followed teams' groups first (in the favourites' order), then the rest.
+    QStringList groupsByInterest() const;
+    const KnockoutBracket &bracket() const { return m_bracket; }
+    // What a day without matches can offer instead: a countdown, the nearest match days, the champion.
+    Q_INVOKABLE DayFacts dayFacts(const QString &dateKey) const;
+    DayFacts selectedDayFacts() const { return dayFacts(m_selectedDate); }
     std::optional<Match> trayMatch(const QList<Match> &live) const;
     Q_INVOKABLE TeamSummary teamSummary(const QString &teamID) const;
     Q_INVOKABLE QList<TeamSearchResult> teamSearchResults() const;
@@ -262,6 +282,8 @@ signals:
     void sectionChanged();
     void selectedDateChanged();
     void selectedGroupChanged();
+    void showsBracketChanged();
+    void selectedDayFactsChanged();
     void teamSearchTextChanged();
     void selectedTeamFilterIDChanged();
     void detailStackChanged();
@@ -355,6 +377,7 @@ private:
     Section m_section = Section::fixtures;
     QString m_selectedDate;
     QString m_selectedGroup = QStringLiteral("A");
+    bool m_showsBracket = false;
     QString m_teamSearchText;
     std::optional<QString> m_selectedTeamFilterID;
     QList<PanelRoute> m_detailStack;
@@ -380,6 +403,7 @@ private:
     TeamTable m_teamsByID;
     StadiumTable m_stadiumsByID;
     QList<Match> m_allMatches;
+    KnockoutBracket m_bracket;
 
     // Plain.
     QList<Match> m_liveMatchesCache;

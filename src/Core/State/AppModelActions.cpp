@@ -33,6 +33,8 @@ QList<PanelRoute> AppModel::renderedRoutes() const
 
 void AppModel::toggleFavorite(const QString &teamID)
 {
+    if (!canFollow(teamID))
+        return;
     QSet<QString> favorites = m_favoriteTeamIDs;
     if (!favorites.remove(teamID))
         favorites.insert(teamID);

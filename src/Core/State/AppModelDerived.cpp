@@ -1,5 +1,6 @@
 #include "AppModel.h"
 
+#include "Models/BracketSlot.h"
 #include "Support/TextParsing.h"
 
 #include <algorithm>
@@ -357,4 +358,30 @@ TeamDetailState AppModel::teamDetailState(const QString &teamID) const
     if (latest != state.matches.crend())
         state.latestResult = *latest;
     return state;
+}
+
+bool AppModel::canFollow(const QString &teamID) const
+{
+    return BracketSlot::isDecidedSide(teamID);
+}
+
+QStringList AppModel::groupsByInterest() const
+{
+    QStringList groups;
+    for (const TeamSummary &team : m_favoriteTeamsCache) {
+        const auto label = groupLabel(team.id);
+        const QString group = label ? label->mid(QStringLiteral("Group ").size()) : QString();
+        if (m_allGroups.contains(group) && !groups.contains(group))
+            groups.append(group);
+    }
+    for (const QString &group : m_allGroups) {
+        if (!groups.contains(group))
+            groups.append(group);
+    }
+    return groups;
+}
+
+DayFacts AppModel::dayFacts(const QString &dateKey) const
+{
+    return DayFacts::of(dateKey, m_allMatches, m_bracket, now(), WCFormatters::shared());
 }

@@ -1,5 +1,7 @@
 #include "AppModel.h"
 
+#include "KnockoutOutcomes.h"
+
 #include <algorithm>
 
 Match AppModel::normalizeMatch(const APIGame &game) const
@@ -62,6 +64,7 @@ void AppModel::applyMatches(const QList<APIGame> &games, bool fireEvents)
     matches.reserve(games.size());
     for (const APIGame &game : games)
         matches.append(normalizeMatch(game));
+    KnockoutOutcomes::derive(matches);
     std::stable_sort(matches.begin(), matches.end(), &AppModel::sortMatchesByKickoff);
     // Alerts compare with the snapshots of the previous fetch, before allMatches changes.
     if (fireEvents)

@@ -80,6 +80,8 @@ Match normalizeMatch(const APIGame &game, const TeamTable &teamsByID, const Stad
     match.minute = parseMinute(game.timeElapsed, match.status);
     match.homeScorers = scorerList(game.homeScorers);
     match.awayScorers = scorerList(game.awayScorers);
+    match.homeSlotLabel = game.homeTeamLabel.value_or(QString());
+    match.awaySlotLabel = game.awayTeamLabel.value_or(QString());
     return match;
 }
 

@@ -51,6 +51,10 @@ QString WCFormatters::kickoffFull(const QDateTime &instant) const
 {
     return format(instant, u"ddd, MMM d \u00b7 HH:mm");
 }
+QString WCFormatters::kickoffDated(const QDateTime &instant) const
+{
+    return format(instant, u"ddd d MMM \u00b7 HH:mm");
+}
 
 namespace {
 

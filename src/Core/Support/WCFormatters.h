@@ -25,6 +25,7 @@ public:
     QString dayNumber(const QDateTime &instant) const;    // 11
     QString kickoffTime(const QDateTime &instant) const;  // 19:00
     QString kickoffFull(const QDateTime &instant) const;  // Thu, Jun 11 · 19:00
+    QString kickoffDated(const QDateTime &instant) const; // Thu 11 Jun · 19:00, on cards outside their day
 
 private:
     QString format(const QDateTime &instant, QStringView pattern) const;

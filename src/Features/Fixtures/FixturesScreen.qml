@@ -63,6 +63,7 @@ Item {
                 width: parent.width
                 visible: message.length > 0
                 message: screen.model.errorMessage
+                onRetry: screen.model.refresh()
                 surfaceOpacity: screen.model.surfaceOpacity
             }
             ArrivalGate {
@@ -84,13 +85,54 @@ Item {
                     }
                 }
             }
-            EmptyState {
+            Column {
+                id: emptyDay
                 objectName: "fixturesEmpty"
+                readonly property var facts: screen.model.selectedDayFacts
+                readonly property bool before: !screen.filtered && facts.kind === "beforeTournament"
+                readonly property bool after: !screen.filtered && facts.kind === "afterTournament"
+                readonly property bool rest: !screen.filtered && facts.kind === "restDay"
                 width: parent.width
                 visible: screen.matchCount === 0
-                symbol: "⚽"
-                title: screen.model.isLoading ? "Loading fixtures…" : "No matches on this day"
-                message: screen.model.isLoading ? "" : "Pick another day above to see its fixtures."
+                spacing: 10
+                bottomPadding: 24
+
+                EmptyState {
+                    width: parent.width
+                    bottomPadding: 0
+                    symbol: emptyDay.after ? "🏆" : "⚽"
+                    title: screen.model.isLoading && emptyDay.facts.kind === "noMatches" ? "Loading fixtures…"
+                         : emptyDay.before && emptyDay.facts.countdown.length > 0 ? emptyDay.facts.countdown
+                         : emptyDay.after && emptyDay.facts.championName.length > 0 ? emptyDay.facts.championName + " win the World Cup"
+                         : emptyDay.after ? "The tournament is over"
+                         : "No matches on this day"
+                    message: emptyDay.before && emptyDay.facts.openingMatch
+                             ? emptyDay.facts.openingMatch.homeTeam + " v " + emptyDay.facts.openingMatch.awayTeam
+                               + " · " + emptyDay.facts.openingMatch.kickoffDatedLabel
+                           : emptyDay.after && emptyDay.facts.finalMatch
+                             ? "Final: " + emptyDay.facts.finalMatch.homeTeam + " " + emptyDay.facts.finalMatch.scorelineDisplay
+                               + " " + emptyDay.facts.finalMatch.awayTeam + " · " + emptyDay.facts.finalMatch.kickoffDetailLabel
+                           : emptyDay.rest ? "A rest day between match days."
+                           : screen.model.isLoading ? "" : "Pick another day above to see its fixtures."
+                }
+                Row {
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    spacing: 8
+                    CapsuleButton {
+                        objectName: "previousMatchDay"
+                        visible: emptyDay.rest || emptyDay.after
+                        text: "‹ " + screen.model.friendlyDate(emptyDay.facts.previousDateKey)
+                        accessibleName: "Go to " + screen.model.friendlyDate(emptyDay.facts.previousDateKey)
+                        onClicked: strip.choose(emptyDay.facts.previousDateKey)
+                    }
+                    CapsuleButton {
+                        objectName: "nextMatchDay"
+                        visible: emptyDay.rest || emptyDay.before
+                        text: (emptyDay.before ? "Opening day, " : "") + screen.model.friendlyDate(emptyDay.facts.nextDateKey) + " ›"
+                        accessibleName: "Go to " + screen.model.friendlyDate(emptyDay.facts.nextDateKey)
+                        onClicked: strip.choose(emptyDay.facts.nextDateKey)
+                    }
+                }
             }
         }
     }

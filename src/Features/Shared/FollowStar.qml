@@ -10,7 +10,8 @@ GlyphButton {
     required property string teamID
     required property string teamName
 
-    visible: teamID.length > 0
+    // A knockout slot not yet decided is no team to follow.
+    visible: model.canFollow(teamID)
     path: Glyphs.star
     checked: model.favoriteTeamIDs.indexOf(teamID) >= 0
     onColor: Theme.playoffAmber

@@ -3,16 +3,24 @@ import Pitchlark.DesignSystem
 import Pitchlark.Features
 
 // One match in the fixtures list: its round, status and pin on top, the two sides with their scores,
-// and when and where it is played. A click opens the match.
+// and when and where it is played; outside a heading of its own day it gives the day too. A click opens
+// the match.
 Pressable {
     id: card
 
     required property QtObject model
     required property var match
+    property bool dated: false
+    readonly property string kickoffText: dated ? match.kickoffDatedLabel : match.kickoffLabel
     readonly property bool finished: match.status === "finished"
     readonly property bool scheduled: match.status === "scheduled"
     readonly property int homeGoals: Number(match.homeScore)
     readonly property int awayGoals: Number(match.awayScore)
+    // A shoot-out leaves the scores level, so the side that went through is the model's word.
+    readonly property bool homeLost: finished && (match.winnerTeamID.length > 0 ? match.winnerTeamID !== match.homeTeamID
+                                                                                : homeGoals < awayGoals)
+    readonly property bool awayLost: finished && (match.winnerTeamID.length > 0 ? match.winnerTeamID !== match.awayTeamID
+                                                                                : awayGoals < homeGoals)
 
     objectName: "matchCard-" + match.id
     implicitHeight: surface.implicitHeight
@@ -61,7 +69,7 @@ Pressable {
                         id: badge
                         objectName: "status-" + card.match.id
                         anchors.verticalCenter: parent.verticalCenter
-                        label: card.match.compactStatusLabel
+                        label: card.scheduled ? card.kickoffText : card.match.compactStatusLabel
                         live: card.match.isLive
                         finished: card.finished
                     }
@@ -84,7 +92,7 @@ Pressable {
                 flagURL: card.match.homeFlagURL
                 score: card.match.displayHomeScore
                 live: card.match.isLive
-                muted: card.finished && card.homeGoals < card.awayGoals
+                muted: card.homeLost
             }
             TeamLine {
                 width: parent.width
@@ -96,11 +104,11 @@ Pressable {
                 flagURL: card.match.awayFlagURL
                 score: card.match.displayAwayScore
                 live: card.match.isLive
-                muted: card.finished && card.awayGoals < card.homeGoals
+                muted: card.awayLost
             }
             Text {
                 width: parent.width
-                text: (card.scheduled ? "" : card.match.kickoffLabel + "  ·  ") + card.match.venueLine
+                text: (card.scheduled ? "" : card.kickoffText + "  ·  ") + card.match.venueLine
                 textFormat: Text.PlainText
                 elide: Text.ElideRight
                 font.pixelSize: 11

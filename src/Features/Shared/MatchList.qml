@@ -2,7 +2,8 @@ import QtQuick
 import Pitchlark.DesignSystem
 import Pitchlark.Features
 
-// A titled run of match cards, arriving one after another; takes no room when it has no matches.
+// A titled run of match cards, arriving one after another; takes no room when it has no matches. The
+// cards come from many days, so each gives its own.
 Column {
     id: list
 
@@ -31,6 +32,7 @@ Column {
             required property int index
             width: list.width
             model: list.model
+            dated: true
             transform: AppearAnimation {
                 target: listedCard
                 arriving: arrival.open

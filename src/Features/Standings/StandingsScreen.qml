@@ -2,60 +2,102 @@ import QtQuick
 import Pitchlark.DesignSystem
 import Pitchlark.Features
 
-// The group tables: a picker over the twelve groups, then the chosen group's table with its
-// qualification places and their legend. Before the tables arrive, a calm note instead.
+// The tournament's tables, as groups or as the knockout tree. The groups view lists every table, the
+// followed teams' groups first, and opens on the first of them; the picker scrolls to a group. Before
+// the tables arrive, a calm note instead.
 Item {
     id: screen
 
     required property QtObject model
+    readonly property var groupsShown: model.groupsByInterest.map(letter => model.standings.find(standing => standing.group === letter))
+                                                            .filter(group => group !== undefined)
+
+    Component.onCompleted: model.selectedGroup = model.groupsByInterest[0]
+
+    function scrollToGroup(letter) {
+        for (let index = 0; index < tables.count; ++index) {
+            const table = tables.itemAt(index);
+            if (table.group === letter)
+                scroll.contentY = Math.max(0, Math.min(table.y, scroll.flickable.contentHeight - scroll.height));
+        }
+    }
 
     SectionSwitcher {
-        id: picker
-        objectName: "groupPicker"
+        id: views
+        objectName: "standingsViews"
         anchors { left: parent.left; right: parent.right; top: parent.top }
         anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter }
         implicitHeight: 30
-        sections: screen.model.allGroups.map(letter => ({ key: letter, title: letter, accessibleName: "Group " + letter }))
-        current: screen.model.selectedGroup
-        onSelected: key => screen.model.selectedGroup = key
+        sections: [{ key: "groups", title: "Groups" }, { key: "knockout", title: "Knockout" }]
+        current: screen.model.showsBracket ? "knockout" : "groups"
+        onSelected: key => screen.model.showsBracket = key === "knockout"
     }
-    FadingScrollView {
-        anchors { left: parent.left; right: parent.right; top: picker.bottom; bottom: parent.bottom }
-        anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter; topMargin: 4 }
+    Item {
+        anchors { left: parent.left; right: parent.right; top: views.bottom; bottom: parent.bottom; topMargin: 6 }
+        visible: !screen.model.showsBracket
 
-        Column {
-            width: parent.width
-            spacing: Theme.rowSpacing
-
-            ErrorNote {
-                width: parent.width
-                visible: message.length > 0
-                message: screen.model.errorMessage
-                surfaceOpacity: screen.model.surfaceOpacity
-            }
-            GroupTable {
-                id: table
-                objectName: "standingsTable"
-                width: parent.width
-                visible: rows.count > 0
-                model: screen.model
-                group: screen.model.selectedGroup
-                rows: screen.model.lists.groupTable
-                transform: AppearAnimation { target: table }
-            }
-            QualificationLegend {
-                objectName: "qualificationLegend"
-                anchors.horizontalCenter: parent.horizontalCenter
-                visible: table.visible
-            }
-            EmptyState {
-                objectName: "standingsEmpty"
-                width: parent.width
-                visible: !table.visible
-                symbol: "🏆"
-                title: screen.model.isLoading ? "Loading the tables…" : "No tables yet"
-                message: screen.model.isLoading ? "" : "The group tables appear with the next update."
+        SectionSwitcher {
+            id: picker
+            objectName: "groupPicker"
+            anchors { left: parent.left; right: parent.right; top: parent.top }
+            anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter }
+            implicitHeight: 30
+            sections: screen.model.allGroups.map(letter => ({ key: letter, title: letter, accessibleName: "Group " + letter }))
+            current: screen.model.selectedGroup
+            onSelected: key => {
+                screen.model.selectedGroup = key;
+                screen.scrollToGroup(key);
             }
         }
+        FadingScrollView {
+            id: scroll
+            anchors { left: parent.left; right: parent.right; top: picker.bottom; bottom: parent.bottom }
+            anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter; topMargin: 4 }
+
+            Column {
+                width: parent.width
+                spacing: Theme.rowSpacing
+
+                ErrorNote {
+                    width: parent.width
+                    visible: message.length > 0
+                    message: screen.model.errorMessage
+                    onRetry: screen.model.refresh()
+                    surfaceOpacity: screen.model.surfaceOpacity
+                }
+                QualificationLegend {
+                    objectName: "qualificationLegend"
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    visible: tables.count > 0
+                }
+                Repeater {
+                    id: tables
+                    model: screen.groupsShown
+                    delegate: GroupTable {
+                        id: table
+                        required property var modelData
+                        objectName: "standingsTable-" + modelData.group
+                        width: parent.width
+                        model: screen.model
+                        group: modelData.group
+                        rows: StandingListModel { standings: table.modelData.standings }
+                        transform: AppearAnimation { target: table }
+                    }
+                }
+                EmptyState {
+                    objectName: "standingsEmpty"
+                    width: parent.width
+                    visible: tables.count === 0
+                    symbol: "🏆"
+                    title: screen.model.isLoading ? "Loading the tables…" : "No tables yet"
+                    message: screen.model.isLoading ? "" : "The group tables appear with the next update."
+                }
+            }
+        }
+    }
+    Loader {
+        anchors { left: parent.left; right: parent.right; top: views.bottom; bottom: parent.bottom; topMargin: 6 }
+        active: screen.model.showsBracket
+        sourceComponent: BracketView { model: screen.model }
     }
 }

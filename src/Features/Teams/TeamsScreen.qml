@@ -32,6 +32,7 @@ Item {
                 width: parent.width
                 visible: message.length > 0
                 message: screen.model.errorMessage
+                onRetry: screen.model.refresh()
                 surfaceOpacity: screen.model.surfaceOpacity
             }
             SectionHeading {

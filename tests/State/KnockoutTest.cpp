@@ -1,0 +1,259 @@
+#include "FeedServer.h"
+#include "ModelFixture.h"
+#include "Models/BracketSlot.h"
+#include "State/KnockoutOutcomes.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <QCoro/QCoroTask>
+
+#include <algorithm>
+
+// Knockout outcomes, the bracket and the days without matches, as the model derives them from the
+// replayed tournament over real HTTP, against the real results.
+class KnockoutTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void outcomesAgainstTheRealResults_data();
+    void outcomesAgainstTheRealResults();
+    void shootOutWinnerOnlyOnceTheNextRoundNamesIt();
+    void bracketFollowsTheFeedsLinks_data();
+    void bracketFollowsTheFeedsLinks();
+    void daysWithoutMatches_data();
+    void daysWithoutMatches();
+    void placeholdersCannotBeFollowed();
+
+private:
+    std::unique_ptr<AppModel> modelAt(const QDateTime &instant);
+
+    std::unique_ptr<FeedServer> m_feed;
+    std::unique_ptr<ModelFixture> m_fixture;
+};
+
+namespace {
+
+struct KnockoutResult {
+    QSet<QString> sides; // FIFA codes
+    QString ending;      // "ft", "aet" or "pens"
+    QString winner;
+};
+
+QHash<int, KnockoutResult> realResults()
+{
+    QHash<int, KnockoutResult> results;
+    QFile file(QStringLiteral(PITCHLARK_STATE_TEST_DATA "/knockout-results.txt"));
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return results;
+    while (!file.atEnd()) {
+        const QStringList fields = QString::fromUtf8(file.readLine()).split(u' ', Qt::SkipEmptyParts);
+        if (fields.size() == 5 && !fields.constFirst().startsWith(u'#'))
+            results.insert(fields[0].toInt(), {{fields[1], fields[2]}, fields[3], fields[4].trimmed()});
+    }
+    return results;
+}
+
+QString codeOf(const Match &match, const QString &teamID)
+{
+    return teamID == match.homeTeamID ? match.homeCode : match.awayCode;
+}
+
+QDateTime utc(const char *text)
+{
+    return QDateTime::fromString(QString::fromLatin1(text), Qt::ISODate);
+}
+
+} // namespace
+
+std::unique_ptr<AppModel> KnockoutTest::modelAt(const QDateTime &instant)
+{
+    m_feed = std::make_unique<FeedServer>(Tournament::bundled(), TournamentClock::frozen(instant));
+    const quint16 port = m_feed->listen();
+    m_fixture = std::make_unique<ModelFixture>(QStringLiteral("http://127.0.0.1:%1").arg(port));
+    auto model = m_fixture->makeModel([instant] { return instant; });
+    QCoro::waitFor(model->fetchAll());
+    return model;
+}
+
+void KnockoutTest::outcomesAgainstTheRealResults_data()
+{
+    QTest::addColumn<QDateTime>("at");
+    QTest::addColumn<int>("finishedKnockouts");
+
+    // clang-format off
+    QTest::newRow("round of 32, first day done (a shoot-out)") << utc("2026-06-30T00:00:00Z") << 3;
+    QTest::newRow("round of 16 over, quarter-finals to come") << utc("2026-07-07T23:30:00Z") << 24;
+    QTest::newRow("final in play") << utc("2026-07-19T20:00:00Z") << 31;
+    QTest::newRow("tournament over") << utc("2026-07-20T00:00:00Z") << 32;
+    // clang-format on
+}
+
+void KnockoutTest::outcomesAgainstTheRealResults()
+{
+    QFETCH(QDateTime, at);
+    QFETCH(int, finishedKnockouts);
+    const QHash<int, KnockoutResult> truth = realResults();
+    QCOMPARE(truth.size(), 32);
+    const auto model = modelAt(at);
+
+    int finished = 0;
+    for (const Match &match : model->allMatches()) {
+        if (!match.isKnockout())
+            continue;
+        const QString name = QString::number(match.matchNumber);
+        if (match.status != MatchStatus::finished) {
+            QVERIFY2(!match.winnerTeamID && !match.wentToExtraTime && !match.decidedOnPenalties,
+                     qPrintable(name));
+            continue;
+        }
+        ++finished;
+        const KnockoutResult real = truth.value(match.matchNumber);
+        QCOMPARE(QSet<QString>({match.homeCode, match.awayCode}), real.sides);
+        QVERIFY2(match.winnerTeamID, qPrintable(name));
+        QCOMPARE(codeOf(match, *match.winnerTeamID), real.winner);
+        QCOMPARE(match.decidedOnPenalties, real.ending == QLatin1StringView("pens"));
+        QCOMPARE(match.wentToExtraTime, real.ending != QLatin1StringView("ft"));
+    }
+    QCOMPARE(finished, finishedKnockouts);
+    const auto champion = model->bracket().championTeamID();
+    QCOMPARE(champion.has_value(), finishedKnockouts == 32);
+    if (champion)
+        QCOMPARE(model->bracket().championName(), QStringLiteral("Spain"));
+}
+
+void KnockoutTest::shootOutWinnerOnlyOnceTheNextRoundNamesIt()
+{
+    const auto model = modelAt(utc("2026-07-20T00:00:00Z"));
+    QList<Match> matches = model->allMatches();
+    const auto numbered = [&matches](int number) {
+        return std::find_if(matches.begin(), matches.end(),
+                            [number](const Match &match) { return match.matchNumber == number; });
+    };
+    // The real service may send a finished shoot-out before it fills the next round's slot.
+    Match &roundOf16 = *numbered(89);
+    QCOMPARE(roundOf16.homeSlotLabel, QStringLiteral("Winner Match 74"));
+    roundOf16.homeTeamID = QStringLiteral("0");
+    // A final level after extra time: the feed would not say who won it.
+    numbered(104)->awayScore = numbered(104)->homeScore;
+    KnockoutOutcomes::derive(matches);
+
+    const Match &shootOut = *numbered(74);
+    QVERIFY(shootOut.decidedOnPenalties);
+    QVERIFY(!shootOut.winnerTeamID);
+    QCOMPARE(shootOut.kickoffDetailLabel(), QStringLiteral("Decided on penalties"));
+    QVERIFY(numbered(104)->decidedOnPenalties);
+    QVERIFY(!KnockoutBracket::from(matches).championTeamID());
+}
+
+void KnockoutTest::bracketFollowsTheFeedsLinks_data()
+{
+    QTest::addColumn<QDateTime>("at");
+    QTest::addColumn<int>("decidedFirstRoundSides");
+    QTest::addColumn<int>("currentRound");
+
+    QTest::newRow("group stage running") << utc("2026-06-20T12:00:00Z") << 0 << 0;
+    QTest::newRow("group stage over") << utc("2026-06-28T06:00:00Z") << 32 << 0;
+    QTest::newRow("quarter-finals next") << utc("2026-07-07T23:30:00Z") << 32 << 2;
+    QTest::newRow("tournament over") << utc("2026-07-20T00:00:00Z") << 32 << 4;
+}
+
+void KnockoutTest::bracketFollowsTheFeedsLinks()
+{
+    QFETCH(QDateTime, at);
+    QFETCH(int, decidedFirstRoundSides);
+    const auto model = modelAt(at);
+    const KnockoutBracket &bracket = model->bracket();
+
+    QStringList shape;
+    for (const BracketRound &round : bracket.rounds)
+        shape << QStringLiteral("%1 %2").arg(round.title).arg(round.games.size());
+    QCOMPARE(shape.join(QStringLiteral(", ")),
+             QStringLiteral("Round of 32 16, Round of 16 8, Quarter-finals 4, Semi-finals 2, Final 1"));
+    QCOMPARE(bracket.placementGames.size(), 1);
+    QCOMPARE(bracket.placementGames.constFirst().round, QStringLiteral("THIRD"));
+    QTEST(bracket.currentRound, "currentRound");
+
+    // Games 2i and 2i+1 of a round feed game i of the next, in home-then-away order.
+    for (qsizetype r = 0; r + 1 < bracket.rounds.size(); ++r) {
+        const QList<Match> &games = bracket.rounds[r].games;
+        const QList<Match> &next = bracket.rounds[r + 1].games;
+        for (qsizetype i = 0; i < games.size(); ++i) {
+            const Match &fed = next[i / 2];
+            const QString slot = i % 2 == 0 ? fed.homeSlotLabel : fed.awaySlotLabel;
+            QCOMPARE(BracketSlot::linkedMatchNumber(slot, BracketSlot::Link::winner), games[i].matchNumber);
+        }
+    }
+
+    int decided = 0;
+    for (const Match &game : bracket.rounds.constFirst().games) {
+        for (const QString &teamID : {game.homeTeamID, game.awayTeamID})
+            decided += BracketSlot::isDecidedSide(teamID) ? 1 : 0;
+        if (!BracketSlot::isDecidedSide(game.homeTeamID))
+            QCOMPARE(game.homeTeam, game.homeSlotLabel); // "Winner Group E" until the group is over
+    }
+    QCOMPARE(decided, decidedFirstRoundSides);
+
+    // Another feed order draws the same tree.
+    QList<Match> shuffled = model->allMatches();
+    std::shuffle(shuffled.begin(), shuffled.end(), *QRandomGenerator::global());
+    QCOMPARE(KnockoutBracket::from(shuffled).rounds, bracket.rounds);
+}
+
+void KnockoutTest::daysWithoutMatches_data()
+{
+    QTest::addColumn<QDateTime>("at");
+    QTest::addColumn<QString>("day");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("countdown");
+    QTest::addColumn<QString>("previous");
+    QTest::addColumn<QString>("next");
+    QTest::addColumn<QString>("champion");
+
+    // The test runs in UTC; the 07-07 late games end before midnight, the next kick-off is on 07-09.
+    // clang-format off
+    QTest::newRow("before the tournament") << utc("2026-06-01T09:00:00Z") << "2026-06-01" << "beforeTournament" << "Opening match in 10 days" << "" << "2026-06-11" << "";
+    QTest::newRow("hours before the opening") << utc("2026-06-11T15:30:00Z") << "2026-06-10" << "beforeTournament" << "Opening match in 3 h 30 min" << "" << "2026-06-11" << "";
+    QTest::newRow("rest day") << utc("2026-07-08T12:00:00Z") << "2026-07-08" << "restDay" << "" << "2026-07-07" << "2026-07-09" << "";
+    QTest::newRow("match day") << utc("2026-07-08T12:00:00Z") << "2026-07-09" << "matchDay" << "" << "" << "" << "";
+    QTest::newRow("after the final") << utc("2026-07-20T12:00:00Z") << "2026-07-20" << "afterTournament" << "" << "2026-07-19" << "" << "Spain";
+    // clang-format on
+}
+
+void KnockoutTest::daysWithoutMatches()
+{
+    QFETCH(QDateTime, at);
+    QFETCH(QString, day);
+    const auto model = modelAt(at);
+    const DayFacts facts = model->dayFacts(day);
+    QTEST(facts.kind, "kind");
+    QTEST(facts.countdown, "countdown");
+    QTEST(facts.previousDateKey, "previous");
+    QTEST(facts.nextDateKey, "next");
+    QTEST(facts.championName, "champion");
+    if (facts.kind == QLatin1StringView("afterTournament"))
+        QCOMPARE(facts.finalMatch->scorelineDisplay(), QStringLiteral("1 – 0"));
+    if (facts.kind == QLatin1StringView("beforeTournament"))
+        QCOMPARE(facts.openingMatch->homeCode, QStringLiteral("MEX"));
+}
+
+void KnockoutTest::placeholdersCannotBeFollowed()
+{
+    const auto model = modelAt(utc("2026-06-20T12:00:00Z"));
+    const Match final = model->bracket().finalMatch().value();
+    QCOMPARE(final.homeTeamID, QStringLiteral("0"));
+    QVERIFY(!model->canFollow(final.homeTeamID));
+    model->toggleFavorite(final.homeTeamID);
+    QVERIFY(model->favoriteTeamIDs().isEmpty());
+
+    // Standings lead with the followed team's group.
+    const QString brazil = QStringLiteral("9");
+    QCOMPARE(model->teamSummary(brazil).code, QStringLiteral("BRA"));
+    model->toggleFavorite(brazil);
+    QCOMPARE(model->groupsByInterest().mid(0, 2), QStringList({"C", "A"}));
+    QCOMPARE(model->groupsByInterest().size(), 12);
+}
+
+QTEST_GUILESS_MAIN(KnockoutTest)
+#include "KnockoutTest.moc"
