@@ -31,6 +31,7 @@ public:
 
     FeedFaults &faults() { return m_faults; }
     const TournamentClock &clock() const { return m_clock; }
+    void setClock(TournamentClock clock) { m_clock = std::move(clock); }
     const TournamentReplay &replay() const { return m_replay; }
 
     // An endpoint's normal body at an instant, {"games": [...]} and the like.

@@ -46,10 +46,10 @@ public:
     // updates is the update controller handed to the panel, or none.
     Panel(const Tournament &tournament, QQmlEngine &engine, QObject *updates = nullptr,
           const QDateTime &at = frozenAt)
-        : m_feed(tournament, TournamentClock::frozen(at)),
+        : m_now(at), m_feed(tournament, TournamentClock::frozen(at)),
           m_fixture(QStringLiteral("http://127.0.0.1:%1").arg(m_feed.listen()))
     {
-        AppModel::Services services = m_fixture.services([at] { return at; });
+        AppModel::Services services = m_fixture.services([this] { return m_now; });
         services.applyTint = tintTheme;
         model = std::make_unique<AppModel>(std::move(services));
         QCoro::waitFor(model->fetchAll());
@@ -70,6 +70,17 @@ public:
 
     QString settingsPath() const { return m_fixture.settingsPath(); }
 
+    // Moves the replay and the model's clock to at, then polls as the program's timer would, again if a
+    // request timed out on a loaded machine: a poll that lands sets the last update to its instant.
+    void pollAt(const QDateTime &at)
+    {
+        m_now = at;
+        m_feed.setClock(TournamentClock::frozen(at));
+        for (int attempt = 0; attempt < 3 && model->lastUpdated() != at; ++attempt)
+            QCoro::waitFor(model->fetchAll());
+        QCOMPARE(model->lastUpdated(), at);
+    }
+
     // The visible item of that name, searched through the drawn tree (Loaders and Repeaters included).
     QQuickItem *item(const QString &name) const { return findVisibleItem(window->contentItem(), name); }
 
@@ -85,6 +96,7 @@ public:
     QQuickWindow *window = nullptr;
 
 private:
+    QDateTime m_now;
     FeedServer m_feed;
     ModelFixture m_fixture;
     std::unique_ptr<PanelController> m_controller;

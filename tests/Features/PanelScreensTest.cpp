@@ -4,9 +4,16 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPointer>
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
+
+ScreenLists *screenLists(const Panel &panel)
+{
+    return panel.model->property("lists").value<ScreenLists *>();
+}
 
 QStringList cardOrder(const Panel &panel)
 {
@@ -25,6 +32,7 @@ private slots:
     void init();
     void liveMatchesFirstWithTheirClocks();
     void choosingADayChangesTheList();
+    void pollUpdatesCardsInPlace();
     void cardOpensTheMatchAndBackReturns();
     void starFollowsATeamAndStoresIt();
     void tabbingScrollsTheFocusIntoView();
@@ -71,8 +79,13 @@ void PanelScreensTest::liveMatchesFirstWithTheirClocks()
     QVERIFY(!matches.constLast().live());
 }
 
+// Another day builds its cards once: one reset, one card per match.
 void PanelScreensTest::choosingADayChangesTheList()
 {
+    QQuickItem *cards = m_panel->item(QStringLiteral("fixtureCards"));
+    QVERIFY(cards);
+    QSignalSpy built(cards, SIGNAL(itemAdded(int, QQuickItem *)));
+    QSignalSpy resets(&screenLists(*m_panel)->fixtures, &QAbstractItemModel::modelReset);
     const QStringList today = matchIDs(m_panel->model->matches());
     m_panel->click(QStringLiteral("day-2026-06-28"));
     QCOMPARE(m_panel->model->selectedDate(), QStringLiteral("2026-06-28"));
@@ -80,6 +93,39 @@ void PanelScreensTest::choosingADayChangesTheList()
     QVERIFY(!tomorrow.isEmpty());
     QVERIFY(tomorrow != today);
     QTRY_COMPARE(cardOrder(*m_panel), tomorrow);
+    QCOMPARE(resets.count(), 1);
+    QCOMPARE(built.count(), tomorrow.size());
+}
+
+// With two matches running, a poll that brings one goal changes that one row and keeps every card.
+void PanelScreensTest::pollUpdatesCardsInPlace()
+{
+    RecordListModel &fixtures = screenLists(*m_panel)->fixtures;
+    const QStringList ids = matchIDs(m_panel->model->matches());
+    QVERIFY(m_panel->model->matches().at(0).live() && m_panel->model->matches().at(1).live());
+    QTRY_COMPARE(cardOrder(*m_panel), ids);
+    QList<QPointer<QQuickItem>> cards;
+    for (const QString &id : ids)
+        cards.append(m_panel->item(QStringLiteral("matchCard-") + id));
+    QSignalSpy built(m_panel->item(QStringLiteral("fixtureCards")), SIGNAL(itemAdded(int, QQuickItem *)));
+    QSignalSpy changed(&fixtures, &QAbstractItemModel::dataChanged);
+    QSignalSpy moved(&fixtures, &QAbstractItemModel::rowsMoved);
+    QSignalSpy resets(&fixtures, &QAbstractItemModel::modelReset);
+
+    // Match 68's home side scores at 21:30:30; both running clocks still read the same minute at 21:30:45.
+    m_panel->pollAt(frozenAt.addSecs(45));
+    QCOMPARE(changed.count(), 1);
+    const int row = changed.constFirst().constFirst().value<QModelIndex>().row();
+    QCOMPARE(fixtures.keys().at(row), QStringLiteral("68"));
+    QCOMPARE(m_panel->model->matches().at(row).displayHomeScore(), QStringLiteral("1"));
+    QCOMPARE(fixtures.keys(), ids);
+    QCOMPARE(built.count(), 0);
+    QCOMPARE(moved.count() + resets.count(), 0);
+    for (qsizetype index = 0; index < ids.size(); ++index) {
+        QVERIFY2(cards.at(index), qPrintable(ids.at(index)));
+        QCOMPARE(m_panel->item(QStringLiteral("matchCard-") + ids.at(index)), cards.at(index).data());
+    }
+    QCOMPARE(cards.at(row)->property("match").value<Match>().displayHomeScore(), QStringLiteral("1"));
 }
 
 void PanelScreensTest::cardOpensTheMatchAndBackReturns()

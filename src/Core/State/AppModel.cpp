@@ -208,8 +208,12 @@ void AppModel::setSelectedDate(const QString &dateKey)
 
 void AppModel::setSelectedGroup(const QString &group)
 {
+    const bool otherGroup = group != m_selectedGroup;
     m_selectedGroup = group;
     emit selectedGroupChanged();
+    if (otherGroup)
+        m_lists.groupTable.replace({});
+    feedGroupTable();
 }
 
 void AppModel::setShowsBracket(bool shows)
@@ -222,6 +226,7 @@ void AppModel::setTeamSearchText(const QString &text)
 {
     m_teamSearchText = text;
     emit teamSearchTextChanged();
+    feedTeamList();
 }
 
 void AppModel::setSelectedTeamFilterID(const std::optional<QString> &teamID)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppEnums.h"
+#include "Lists/ScreenLists.h"
 #include "LoginItem.h"
 #include "Models/APIResponses.h"
 #include "Models/BannerState.h"
@@ -87,6 +88,8 @@ class AppModel : public QObject {
     Q_PROPERTY(QStringList allGroups READ allGroups CONSTANT)
     // The followed teams by name; rebuilt with the other caches, which signal it.
     Q_PROPERTY(QList<TeamSummary> favoriteTeams READ favoriteTeamsCache NOTIFY favoriteTeamsChanged)
+    // The same data as id-keyed list models, which the screens' lists are built on.
+    Q_PROPERTY(ScreenLists *lists READ lists CONSTANT)
     // Depends on the favourites and on the tables, which arrive before the caches are rebuilt.
     Q_PROPERTY(QStringList groupsByInterest READ groupsByInterest NOTIFY favoriteTeamsChanged)
     // What the fixtures screen says when the selected day has no matches.
@@ -168,6 +171,7 @@ public:
     const QList<Match> &liveMatchesCache() const { return m_liveMatchesCache; }
     const QList<TeamSummary> &favoriteTeamsCache() const { return m_favoriteTeamsCache; }
     const QSet<QDateTime> &contestedKickoffsCache() const { return m_contestedKickoffsCache; }
+    const ScreenLists &screenLists() const { return m_lists; }
     // The running polling timer; none before startPolling().
     const QTimer *pollingTimer() const { return m_pollingTimer.get(); }
     std::function<void()> onGlassChange;
@@ -380,6 +384,16 @@ private:
     bool addToCalendar(const QString &fileName, const QList<Match> &matches);
     void rebuildSnapshots(const QList<Match> &matches);
     bool involvesFavorite(const Match &match) const;
+    ScreenLists *lists() { return &m_lists; }
+    struct FavoriteMatchGroups {
+        QList<Match> running;
+        QList<Match> coming;
+        QList<Match> results;
+    };
+    FavoriteMatchGroups favoriteMatchGroups() const;
+    void feedFavoriteLists();
+    void feedGroupTable();
+    void feedTeamList();
 
     // Observed.
     QList<Match> m_matches;
@@ -426,6 +440,9 @@ private:
     QList<Match> m_liveMatchesCache;
     QList<TeamSummary> m_favoriteTeamsCache;
     QSet<QDateTime> m_contestedKickoffsCache;
+    ScreenLists m_lists;
+    // What the fixtures list was last about: a team filter or a day. Another subject starts it afresh.
+    QString m_fixturesSubject;
     int m_liveRotationIndex = 0;
     APIService *m_api;
     std::unique_ptr<SettingsStore> m_settings;

@@ -59,6 +59,13 @@ void AppModel::rebuildGlobalCaches()
 
     m_contestedKickoffsCache = computeContestedKickoffs();
 
+    m_lists.liveMatches.update(m_liveMatchesCache);
+    m_lists.favoriteTeams.update(m_favoriteTeamsCache);
+    feedFavoriteLists();
+    feedGroupTable();
+    feedTeamList();
+    m_lists.stadiums.update(allStadiumsSorted());
+
     const auto chosen = trayMatch(m_liveMatchesCache);
     setTrayTitle(chosen ? std::optional(trayTitleFor(*chosen)) : std::nullopt);
 }
@@ -79,9 +86,48 @@ void AppModel::applySelectedDateFilter()
     }
     filtered =
         stablySorted(filtered, [this](const Match &a, const Match &b) { return fixtureListSort(a, b); });
+    const QString subject =
+        m_selectedTeamFilterID ? QStringLiteral("team:") + *m_selectedTeamFilterID : m_selectedDate;
+    if (subject != m_fixturesSubject) {
+        m_fixturesSubject = subject;
+        m_lists.fixtures.replace(filtered);
+    } else {
+        m_lists.fixtures.update(filtered);
+    }
     // An unchanged list is not published again, so a refresh that brings nothing new redraws nothing.
     if (filtered != m_matches)
         setMatches(filtered);
+}
+
+void AppModel::feedFavoriteLists()
+{
+    const FavoriteMatchGroups groups = favoriteMatchGroups();
+    m_lists.favoriteLive.update(groups.running);
+    m_lists.favoriteComing.update(groups.coming);
+    m_lists.favoriteResults.update(groups.results);
+}
+
+void AppModel::feedGroupTable()
+{
+    const auto group =
+        std::find_if(m_standings.cbegin(), m_standings.cend(),
+                     [this](const GroupStanding &standing) { return standing.group == m_selectedGroup; });
+    m_lists.groupTable.update(group == m_standings.cend() ? QList<StandingRow>() : group->standings);
+}
+
+void AppModel::feedTeamList()
+{
+    if (!m_teamSearchText.trimmed().isEmpty()) {
+        m_lists.teams.update(teamSearchResults());
+        return;
+    }
+    QList<TeamSearchResult> all;
+    for (const APITeam &team : allTeamsSorted()) {
+        all.append(TeamSearchResult{
+            team.id, team.nameEn, team.fifaCode, Normalization::flagURL(team), team.flagEmoji(),
+            team.groups.isEmpty() ? std::nullopt : std::optional(QStringLiteral("Group ") + team.groups)});
+    }
+    m_lists.teams.update(all);
 }
 
 bool AppModel::involvesFavorite(const Match &match) const
@@ -218,26 +264,31 @@ std::optional<Match> AppModel::trayMatch(const QList<Match> &live) const
     return std::nullopt;
 }
 
-QList<Match> AppModel::favoriteMatches() const
+AppModel::FavoriteMatchGroups AppModel::favoriteMatchGroups() const
 {
-    QList<Match> running;
-    QList<Match> coming;
-    QList<Match> results;
+    FavoriteMatchGroups groups;
     for (const Match &match : m_allMatches) {
         if (!involvesFavorite(match))
             continue;
         if (isLive(match.status))
-            running.append(match);
+            groups.running.append(match);
         else if (match.status == MatchStatus::finished)
-            results.append(match);
+            groups.results.append(match);
         else
-            coming.append(match);
+            groups.coming.append(match);
     }
-    running = stablySorted(running, [this](const Match &a, const Match &b) { return fixtureListSort(a, b); });
-    coming = stablySorted(coming, &AppModel::sortMatchesByKickoff);
-    results =
-        stablySorted(results, [](const Match &a, const Match &b) { return sortMatchesByKickoff(b, a); });
-    return running + coming + results;
+    groups.running = stablySorted(groups.running,
+                                  [this](const Match &a, const Match &b) { return fixtureListSort(a, b); });
+    groups.coming = stablySorted(groups.coming, &AppModel::sortMatchesByKickoff);
+    groups.results = stablySorted(groups.results,
+                                  [](const Match &a, const Match &b) { return sortMatchesByKickoff(b, a); });
+    return groups;
+}
+
+QList<Match> AppModel::favoriteMatches() const
+{
+    const FavoriteMatchGroups groups = favoriteMatchGroups();
+    return groups.running + groups.coming + groups.results;
 }
 
 QDateTime AppModel::cachedDataTime() const

@@ -106,7 +106,7 @@ Column {
         width: parent.width
         model: detail.model
         title: "Matches here"
-        matches: detail.matches
+        rows: MatchListModel { matches: detail.matches }
     }
     EmptyState {
         width: parent.width

@@ -152,7 +152,7 @@ Column {
         model: detail.model
         title: detail.team.nextMatch && detail.team.nextMatch.isLive ? "Playing now" : "Next match"
         counted: false
-        matches: detail.team.nextMatch ? [detail.team.nextMatch] : []
+        rows: MatchListModel { matches: detail.team.nextMatch ? [detail.team.nextMatch] : [] }
     }
     MatchList {
         objectName: "latestResult"
@@ -160,7 +160,7 @@ Column {
         model: detail.model
         title: "Latest result"
         counted: false
-        matches: detail.team.latestResult ? [detail.team.latestResult] : []
+        rows: MatchListModel { matches: detail.team.latestResult ? [detail.team.latestResult] : [] }
     }
     Column {
         width: parent.width
@@ -174,7 +174,8 @@ Column {
             objectName: "teamGroupTable"
             width: parent.width
             model: detail.model
-            group: detail.team.groupStanding
+            group: detail.team.groupStanding?.group ?? ""
+            rows: StandingListModel { standings: detail.team.groupStanding?.standings ?? [] }
             highlightedTeamID: detail.teamID
         }
         QualificationLegend {
@@ -186,6 +187,6 @@ Column {
         width: parent.width
         model: detail.model
         title: "All matches"
-        matches: detail.team.matches
+        rows: MatchListModel { matches: detail.team.matches }
     }
 }

@@ -8,12 +8,9 @@ Item {
     id: screen
 
     required property QtObject model
-    readonly property var teams: model.favoriteTeams
-    // Recomputed whenever the followed teams or the matches change.
-    readonly property var matches: { model.favoriteTeams; model.allMatches; return model.favoriteMatches(); }
-    readonly property var live: matches.filter(match => match.isLive)
-    readonly property var coming: matches.filter(match => match.status !== "finished" && !match.isLive)
-    readonly property var results: matches.filter(match => match.status === "finished")
+    readonly property int teamCount: model.lists.favoriteTeams.count
+    readonly property int matchCount: model.lists.favoriteLive.count + model.lists.favoriteComing.count
+                                      + model.lists.favoriteResults.count
 
     FadingScrollView {
         anchors { fill: parent; leftMargin: Theme.gutter; rightMargin: Theme.gutter }
@@ -24,15 +21,15 @@ Item {
 
             SectionHeading {
                 width: parent.width
-                visible: screen.teams.length > 0
+                visible: screen.teamCount > 0
                 title: "Following"
-                note: screen.teams.length === 1 ? "1 team" : screen.teams.length + " teams"
+                note: screen.teamCount === 1 ? "1 team" : screen.teamCount + " teams"
             }
             GlassCard {
                 id: followed
                 objectName: "favoriteTeams"
                 width: parent.width
-                visible: screen.teams.length > 0
+                visible: screen.teamCount > 0
                 surfaceOpacity: screen.model.surfaceOpacity
                 padding: 6
                 transform: AppearAnimation { target: followed }
@@ -40,17 +37,16 @@ Item {
                 Column {
                     width: parent.width
                     Repeater {
-                        model: screen.teams
+                        model: screen.model.lists.favoriteTeams
                         delegate: TeamRow {
-                            required property var modelData
+                            required property string key
                             required property int index
+                            required code
+                            required flagURL
+                            required flagEmoji
                             width: parent.width
                             model: screen.model
-                            teamID: modelData.id
-                            name: modelData.name
-                            code: modelData.code
-                            flagURL: modelData.flagURL
-                            flagEmoji: modelData.flagEmoji
+                            teamID: key
                             divided: index > 0
                         }
                     }
@@ -61,26 +57,26 @@ Item {
                 width: parent.width
                 model: screen.model
                 title: "Live now"
-                matches: screen.live
+                rows: screen.model.lists.favoriteLive
             }
             MatchList {
                 objectName: "favoriteComing"
                 width: parent.width
                 model: screen.model
                 title: "Coming up"
-                matches: screen.coming
+                rows: screen.model.lists.favoriteComing
             }
             MatchList {
                 objectName: "favoriteResults"
                 width: parent.width
                 model: screen.model
                 title: "Results"
-                matches: screen.results
+                rows: screen.model.lists.favoriteResults
             }
             CapsuleButton {
                 objectName: "addFavoritesToCalendar"
                 anchors.horizontalCenter: parent.horizontalCenter
-                visible: screen.matches.length > 0
+                visible: screen.matchCount > 0
                 symbol: "📅"
                 text: "Add to calendar"
                 accessibleName: "Add the matches of the teams you follow to your calendar"
@@ -89,7 +85,7 @@ Item {
             EmptyState {
                 objectName: "favoritesEmpty"
                 width: parent.width
-                visible: screen.teams.length === 0
+                visible: screen.teamCount === 0
                 symbol: "☆"
                 title: "Follow the teams you care about"
                 message: "Tap the star next to a team to follow it. You'll get alerts for its kick-offs, "
@@ -98,7 +94,7 @@ Item {
             CapsuleButton {
                 objectName: "browseTeams"
                 anchors.horizontalCenter: parent.horizontalCenter
-                visible: screen.teams.length === 0
+                visible: screen.teamCount === 0
                 text: "Browse teams"
                 onClicked: screen.model.section = "teams"
             }

@@ -10,7 +10,7 @@ Item {
     required property QtObject model
     readonly property bool filtered: model.selectedTeamFilterID.length > 0
     readonly property bool isToday: model.selectedDate === model.dateStripKeys()[3]
-    readonly property int matchCount: model.matches.length
+    readonly property int matchCount: model.lists.fixtures.count
 
     Component.onCompleted: model.applySelectedDateFilter()
 
@@ -66,16 +66,23 @@ Item {
                 onRetry: screen.model.refresh()
                 surfaceOpacity: screen.model.surfaceOpacity
             }
+            ArrivalGate {
+                id: arrival
+                rows: screen.model.lists.fixtures
+            }
             Repeater {
-                model: screen.model.matches
+                objectName: "fixtureCards"
+                model: screen.model.lists.fixtures
                 delegate: MatchCard {
                     id: listedCard
-                    required property var modelData
                     required property int index
                     width: parent.width
                     model: screen.model
-                    match: modelData
-                    transform: AppearAnimation { target: listedCard; delay: 30 * Math.min(index, 8) }
+                    transform: AppearAnimation {
+                        target: listedCard
+                        arriving: arrival.open
+                        delay: 30 * Math.min(listedCard.index, 8)
+                    }
                 }
             }
             Column {

@@ -9,28 +9,35 @@ Column {
 
     required property QtObject model
     property string title
-    property var matches: []
+    // A match list model: one of the model's lists, or a MatchListModel over a page's matches.
+    required property QtObject rows
     property bool counted: true
 
-    visible: matches.length > 0
+    visible: rows.count > 0
     spacing: Theme.rowSpacing
 
     SectionHeading {
         width: parent.width
         title: list.title
-        note: !list.counted ? "" : list.matches.length === 1 ? "1 match" : list.matches.length + " matches"
+        note: !list.counted ? "" : list.rows.count === 1 ? "1 match" : list.rows.count + " matches"
+    }
+    ArrivalGate {
+        id: arrival
+        rows: list.rows
     }
     Repeater {
-        model: list.matches
+        model: list.rows
         delegate: MatchCard {
             id: listedCard
-            required property var modelData
             required property int index
             width: list.width
             model: list.model
-            match: modelData
             dated: true
-            transform: AppearAnimation { target: listedCard; delay: 30 * Math.min(index, 8) }
+            transform: AppearAnimation {
+                target: listedCard
+                arriving: arrival.open
+                delay: 30 * Math.min(listedCard.index, 8)
+            }
         }
     }
 }

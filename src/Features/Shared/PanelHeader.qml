@@ -38,7 +38,7 @@ Item {
 
         LivePill {
             anchors.verticalCenter: parent.verticalCenter
-            count: header.model.liveMatches.length
+            count: header.model.lists.liveMatches.count
             visible: count > 0
         }
         IconButton {

@@ -13,7 +13,8 @@ Pressable {
     property string code
     property url flagURL
     property string flagEmoji
-    property string groupLabel
+    // The group as "Group A", or null when the team has none.
+    property var groupLabel: null
     property bool divided
     readonly property bool followed: model.favoriteTeamIDs.indexOf(teamID) >= 0
     readonly property int flagWidth: 30
@@ -61,7 +62,7 @@ Pressable {
         Text {
             width: parent.width
             visible: text.length > 0
-            text: [row.code, row.groupLabel].filter(part => part.length > 0).join("  ·  ")
+            text: [row.code, row.groupLabel ?? ""].filter(part => part.length > 0).join("  ·  ")
             textFormat: Text.PlainText
             elide: Text.ElideRight
             font.pixelSize: 11

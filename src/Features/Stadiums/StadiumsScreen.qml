@@ -7,7 +7,7 @@ Item {
     id: screen
 
     required property QtObject model
-    readonly property var stadiums: model.allStadiumsSorted
+    readonly property int stadiumCount: model.lists.stadiums.count
 
     FadingScrollView {
         anchors { fill: parent; leftMargin: Theme.gutter; rightMargin: Theme.gutter }
@@ -25,26 +25,32 @@ Item {
             }
             SectionHeading {
                 width: parent.width
-                visible: screen.stadiums.length > 0
+                visible: screen.stadiumCount > 0
                 title: "Venues"
-                note: screen.stadiums.length === 1 ? "1 stadium" : screen.stadiums.length + " stadiums"
+                note: screen.stadiumCount === 1 ? "1 stadium" : screen.stadiumCount + " stadiums"
+            }
+            ArrivalGate {
+                id: arrival
+                rows: screen.model.lists.stadiums
             }
             Repeater {
-                model: screen.stadiums
+                model: screen.model.lists.stadiums
                 delegate: StadiumRow {
                     id: listedRow
-                    required property var modelData
                     required property int index
                     width: parent.width
                     model: screen.model
-                    stadium: modelData
-                    transform: AppearAnimation { target: listedRow; delay: 30 * Math.min(index, 8) }
+                    transform: AppearAnimation {
+                        target: listedRow
+                        arriving: arrival.open
+                        delay: 30 * Math.min(listedRow.index, 8)
+                    }
                 }
             }
             EmptyState {
                 objectName: "stadiumsEmpty"
                 width: parent.width
-                visible: screen.stadiums.length === 0
+                visible: screen.stadiumCount === 0
                 symbol: "🏟"
                 title: screen.model.isLoading ? "Loading stadiums…" : "No stadiums yet"
                 message: screen.model.isLoading ? "" : "The venues appear with the next update."

@@ -8,7 +8,9 @@ GlassCard {
     id: table
 
     required property QtObject model
-    required property var group
+    // The group's letter, and its rows: the model's table of the chosen group or a StandingListModel.
+    required property string group
+    required property QtObject rows
     property string highlightedTeamID
     readonly property int rowHeight: 36
 
@@ -21,7 +23,7 @@ GlassCard {
         Text {
             leftPadding: 6
             bottomPadding: 6
-            text: table.group ? "Group " + table.group.group : ""
+            text: "Group " + table.group
             textFormat: Text.PlainText
             font.pixelSize: 17
             font.weight: Font.Bold
@@ -37,14 +39,12 @@ GlassCard {
             points: "PTS"
         }
         Repeater {
-            model: table.group ? table.group.standings : []
+            model: table.rows
             delegate: StandingsRowView {
-                required property var modelData
                 width: parent.width
                 height: table.rowHeight
                 model: table.model
-                standing: modelData
-                highlighted: modelData.teamID === table.highlightedTeamID
+                highlighted: standing.teamID === table.highlightedTeamID
             }
         }
     }

@@ -17,7 +17,7 @@ Item {
     function scrollToGroup(letter) {
         for (let index = 0; index < tables.count; ++index) {
             const table = tables.itemAt(index);
-            if (table.group.group === letter)
+            if (table.group === letter)
                 scroll.contentY = Math.max(0, Math.min(table.y, scroll.flickable.contentHeight - scroll.height));
         }
     }
@@ -79,7 +79,8 @@ Item {
                         objectName: "standingsTable-" + modelData.group
                         width: parent.width
                         model: screen.model
-                        group: modelData
+                        group: modelData.group
+                        rows: StandingListModel { standings: table.modelData.standings }
                         transform: AppearAnimation { target: table }
                     }
                 }

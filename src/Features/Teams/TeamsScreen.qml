@@ -9,25 +9,7 @@ Item {
 
     required property QtObject model
     readonly property bool searching: model.teamSearchText.trim().length > 0
-    // The rows in one shape, whichever list they come from.
-    readonly property var rows: searching ? searchRows() : allRows()
-
-    function allRows() {
-        return model.allTeamsSorted.map(team => ({
-            id: team.id, name: team.nameEn, code: team.fifaCode, flagURL: team.flag,
-            flagEmoji: team.flagEmoji, groupLabel: team.groups.length > 0 ? "Group " + team.groups : ""
-        }));
-    }
-    function searchRows() {
-        // The results depend on the text, the teams and the tables.
-        model.teamSearchText;
-        model.allTeamsSorted;
-        model.standings;
-        return model.teamSearchResults().map(result => ({
-            id: result.id, name: result.name, code: result.code, flagURL: result.flagURL,
-            flagEmoji: result.flagEmoji, groupLabel: result.groupLabel ?? ""
-        }));
-    }
+    readonly property int teamCount: model.lists.teams.count
 
     SearchField {
         id: search
@@ -55,15 +37,15 @@ Item {
             }
             SectionHeading {
                 width: parent.width
-                visible: screen.rows.length > 0
+                visible: screen.teamCount > 0
                 title: screen.searching ? "Results" : "All teams"
-                note: screen.rows.length === 1 ? "1 team" : screen.rows.length + " teams"
+                note: screen.teamCount === 1 ? "1 team" : screen.teamCount + " teams"
             }
             GlassCard {
                 id: list
                 objectName: "teamList"
                 width: parent.width
-                visible: screen.rows.length > 0
+                visible: screen.teamCount > 0
                 surfaceOpacity: screen.model.surfaceOpacity
                 padding: 6
                 transform: AppearAnimation { target: list }
@@ -71,18 +53,17 @@ Item {
                 Column {
                     width: parent.width
                     Repeater {
-                        model: screen.rows
+                        model: screen.model.lists.teams
                         delegate: TeamRow {
-                            required property var modelData
+                            required property string key
                             required property int index
+                            required code
+                            required flagURL
+                            required flagEmoji
+                            required groupLabel
                             width: parent.width
                             model: screen.model
-                            teamID: modelData.id
-                            name: modelData.name
-                            code: modelData.code
-                            flagURL: modelData.flagURL
-                            flagEmoji: modelData.flagEmoji
-                            groupLabel: modelData.groupLabel
+                            teamID: key
                             divided: index > 0
                         }
                     }
@@ -91,7 +72,7 @@ Item {
             EmptyState {
                 objectName: "teamsEmpty"
                 width: parent.width
-                visible: screen.rows.length === 0
+                visible: screen.teamCount === 0
                 symbol: screen.searching ? "🔍" : "🌍"
                 title: screen.searching ? "No team matches “" + screen.model.teamSearchText.trim() + "”"
                      : screen.model.isLoading ? "Loading teams…" : "No teams yet"

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Models/APIStadium.h"
+#include "Models/Match.h"
+#include "Models/StandingRow.h"
+#include "Models/TeamSearchResult.h"
+#include "Models/TeamSummary.h"
+#include "RecordListModel.h"
+
+#include <QObject>
+
+// The lists the panel's screens show, fed by AppModel wherever it rebuilds the data behind them.
+class ScreenLists : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(RecordListModel *fixtures READ fixturesModel CONSTANT)
+    Q_PROPERTY(RecordListModel *liveMatches READ liveMatchesModel CONSTANT)
+    Q_PROPERTY(RecordListModel *favoriteTeams READ favoriteTeamsModel CONSTANT)
+    Q_PROPERTY(RecordListModel *favoriteLive READ favoriteLiveModel CONSTANT)
+    Q_PROPERTY(RecordListModel *favoriteComing READ favoriteComingModel CONSTANT)
+    Q_PROPERTY(RecordListModel *favoriteResults READ favoriteResultsModel CONSTANT)
+    Q_PROPERTY(RecordListModel *groupTable READ groupTableModel CONSTANT)
+    Q_PROPERTY(RecordListModel *teams READ teamsModel CONSTANT)
+    Q_PROPERTY(RecordListModel *stadiums READ stadiumsModel CONSTANT)
+
+public:
+    explicit ScreenLists(QObject *parent = nullptr) : QObject(parent) {}
+
+    // The day's (or the filtered team's) matches in the fixtures order.
+    RecordList<Match> fixtures{"match", "id", this};
+    // The running matches in tray order.
+    RecordList<Match> liveMatches{"match", "id", this};
+    RecordList<TeamSummary> favoriteTeams{"team", "id", this};
+    // The followed teams' matches, split as the favourites screen shows them.
+    RecordList<Match> favoriteLive{"match", "id", this};
+    RecordList<Match> favoriteComing{"match", "id", this};
+    RecordList<Match> favoriteResults{"match", "id", this};
+    // The selected group's table.
+    RecordList<StandingRow> groupTable{"standing", "teamID", this};
+    // The teams screen's rows: every team by name, or the search results while something is typed.
+    RecordList<TeamSearchResult> teams{"team", "id", this};
+    RecordList<APIStadium> stadiums{"stadium", "id", this};
+
+private:
+    RecordListModel *fixturesModel() { return &fixtures; }
+    RecordListModel *liveMatchesModel() { return &liveMatches; }
+    RecordListModel *favoriteTeamsModel() { return &favoriteTeams; }
+    RecordListModel *favoriteLiveModel() { return &favoriteLive; }
+    RecordListModel *favoriteComingModel() { return &favoriteComing; }
+    RecordListModel *favoriteResultsModel() { return &favoriteResults; }
+    RecordListModel *groupTableModel() { return &groupTable; }
+    RecordListModel *teamsModel() { return &teams; }
+    RecordListModel *stadiumsModel() { return &stadiums; }
+};

@@ -1,0 +1,24 @@
+import QtQuick
+
+// Whether a list's cards are arriving: while the list is first built and right after its rows are
+// replaced (another day, another page), not when a poll updates them in place.
+QtObject {
+    id: gate
+
+    property QtObject rows
+    property bool open: true
+
+    function closeSoon() {
+        Qt.callLater(() => gate.open = false);
+    }
+
+    Component.onCompleted: closeSoon()
+
+    readonly property Connections resets: Connections {
+        target: gate.rows
+        function onModelAboutToBeReset() {
+            gate.open = true;
+            gate.closeSoon();
+        }
+    }
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Lists/RecordListModel.h"
+#include "Models/Match.h"
+
+#include <QtQml/qqmlregistration.h>
+
+// A page's own list of matches (a team's, a venue's): each new answer of the page's query updates the
+// rows in place, so the page keeps its cards.
+class MatchListModel : public RecordList<Match> {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QList<Match> matches READ records WRITE update NOTIFY rowsChanged)
+
+public:
+    explicit MatchListModel(QObject *parent = nullptr) : RecordList<Match>("match", "id", parent) {}
+};
