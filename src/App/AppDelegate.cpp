@@ -55,6 +55,11 @@ void AppDelegate::launch(std::unique_ptr<TrayItem> tray)
         connect(m_tray.get(), &TrayItem::activated, this,
                 [this](const QPoint &position) { togglePanel(position); });
         connect(m_tray.get(), &TrayItem::refreshRequested, &m_model, &AppModel::refresh);
+        connect(m_tray.get(), &TrayItem::hideScoresToggled, this,
+                [this] { m_model.setHideScores(!m_model.hideScores()); });
+        connect(&m_model, &AppModel::hideScoresChanged, m_tray.get(),
+                [this] { m_tray->setScoresHidden(m_model.hideScores()); });
+        m_tray->setScoresHidden(m_model.hideScores());
         connect(m_tray.get(), &TrayItem::quitRequested, qApp, &QCoreApplication::quit);
         connect(m_tray.get(), &TrayItem::hostChanged, this, &AppDelegate::updateTrayIconScore);
     }
@@ -140,6 +145,9 @@ void AppDelegate::applyDebugHooks()
     }
     if (m_environment.contains(QStringLiteral("TIDEWELL_FLOATING")))
         setFloatingCards(m_environment.value(QStringLiteral("TIDEWELL_FLOATING")));
+    if (m_environment.contains(QStringLiteral("TIDEWELL_HIDE_SCORES")))
+        m_model.setHideScores(m_environment.value(QStringLiteral("TIDEWELL_HIDE_SCORES")) ==
+                              QLatin1StringView("1"));
     if (m_environment.contains(QStringLiteral("TIDEWELL_DETAIL")) ||
         m_environment.contains(QStringLiteral("TIDEWELL_SNAPSHOT")))
         afterLoad(0);

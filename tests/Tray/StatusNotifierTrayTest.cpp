@@ -1,3 +1,4 @@
+#include "DBusMenuExporter.h"
 #include "LabelHosts.h"
 #include "ScoreIcon.h"
 #include "SessionTrayItem.h"
@@ -38,6 +39,8 @@ private slots:
     void iconPixmapIsNetworkOrderArgb();
     void scoreInIcon_data();
     void scoreInIcon();
+    void scorePieceKeepsHiddenScoresHidden_data();
+    void scorePieceKeepsHiddenScoresHidden();
     void labelHosts_data();
     void labelHosts();
     void itemMethods_data();
@@ -77,7 +80,7 @@ const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
 struct TraySignals {
     explicit TraySignals(TrayItem &item)
         : activated(&item, &TrayItem::activated), refresh(&item, &TrayItem::refreshRequested),
-          quit(&item, &TrayItem::quitRequested)
+          hideScores(&item, &TrayItem::hideScoresToggled), quit(&item, &TrayItem::quitRequested)
     {}
     QStringList fired() const
     {
@@ -86,11 +89,13 @@ struct TraySignals {
             names.append(
                 QStringLiteral("activated(%1,%2)").arg(call[0].toPoint().x()).arg(call[0].toPoint().y()));
         names.append(QStringList(refresh.size(), QStringLiteral("refreshRequested")));
+        names.append(QStringList(hideScores.size(), QStringLiteral("hideScoresToggled")));
         names.append(QStringList(quit.size(), QStringLiteral("quitRequested")));
         return names;
     }
     QSignalSpy activated;
     QSignalSpy refresh;
+    QSignalSpy hideScores;
     QSignalSpy quit;
 };
 
@@ -332,6 +337,25 @@ void StatusNotifierTrayTest::scoreInIcon()
     }
 }
 
+void StatusNotifierTrayTest::scorePieceKeepsHiddenScoresHidden_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("piece");
+
+    QTest::newRow("score") << "🇵🇦 2–1 ENG"
+                           << "2–1";
+    QTest::newRow("hidden, running") << "🇵🇦 v ENG · 31'"
+                                     << "31'";
+    QTest::newRow("hidden, half-time") << "🇵🇦 v ENG · HT"
+                                       << "HT";
+}
+
+void StatusNotifierTrayTest::scorePieceKeepsHiddenScoresHidden()
+{
+    QFETCH(QString, title);
+    QTEST(scorePiece(title), "piece");
+}
+
 void StatusNotifierTrayTest::labelHosts_data()
 {
     QTest::addColumn<QString>("watcherProgram");
@@ -389,18 +413,24 @@ void StatusNotifierTrayTest::menuLayout_data()
     QTest::addColumn<int>("parentId");
     QTest::addColumn<int>("depth");
     QTest::addColumn<QStringList>("names");
+    QTest::addColumn<bool>("scoresHidden");
     QTest::addColumn<QStringList>("layout");
 
     const QStringList wholeMenu{
-        "0 children-display=submenu", "1 enabled=true label=Open Pitchlark visible=true",
-        "2 type=separator",           "3 enabled=true label=Refresh Now shortcut=Control+r visible=true",
-        "4 type=separator",           "5 enabled=true label=Quit Pitchlark shortcut=Control+q visible=true",
+        "0 children-display=submenu",
+        "1 enabled=true label=Open Pitchlark visible=true",
+        "2 type=separator",
+        "3 enabled=true label=Refresh Now shortcut=Control+r visible=true",
+        "6 enabled=true label=Hide Scores toggle-state=0 toggle-type=checkmark visible=true",
+        "4 type=separator",
+        "5 enabled=true label=Quit Pitchlark shortcut=Control+q visible=true",
     };
     // clang-format off
-    QTest::newRow("whole menu") << 0 << -1 << QStringList{} << wholeMenu;
-    QTest::newRow("root alone") << 0 << 0 << QStringList{} << QStringList{"0 children-display=submenu"};
-    QTest::newRow("one item") << 3 << -1 << QStringList{"label", "shortcut"} << QStringList{"3 label=Refresh Now shortcut=Control+r"};
-    QTest::newRow("unknown item") << 42 << -1 << QStringList{} << QStringList{};
+    QTest::newRow("whole menu") << 0 << -1 << QStringList{} << false << wholeMenu;
+    QTest::newRow("root alone") << 0 << 0 << QStringList{} << false << QStringList{"0 children-display=submenu"};
+    QTest::newRow("one item") << 3 << -1 << QStringList{"label", "shortcut"} << false << QStringList{"3 label=Refresh Now shortcut=Control+r"};
+    QTest::newRow("scores hidden: ticked") << 6 << -1 << QStringList{"toggle-state"} << true << QStringList{"6 toggle-state=1"};
+    QTest::newRow("unknown item") << 42 << -1 << QStringList{} << false << QStringList{};
     // clang-format on
 }
 
@@ -409,7 +439,12 @@ void StatusNotifierTrayTest::menuLayout()
     QFETCH(int, parentId);
     QFETCH(int, depth);
     QFETCH(QStringList, names);
+    QFETCH(bool, scoresHidden);
     StatusNotifierTrayItem item;
+    QSignalSpy layoutUpdated(item.findChild<DBusMenuExporter *>(), &DBusMenuExporter::LayoutUpdated);
+    item.setScoresHidden(scoresHidden);
+    // Hosts fetch the menu again when the check mark moves.
+    QCOMPARE(layoutUpdated.count(), scoresHidden ? 1 : 0);
     const QDBusMessage reply = callItem(item, "GetLayout", {parentId, depth, names}, "/MenuBar");
 
     QStringList layout;
@@ -446,6 +481,7 @@ void StatusNotifierTrayTest::menuEvents_data()
     // clang-format off
     QTest::newRow("Open Pitchlark") << "Event" << 1 << "clicked" << QStringList{"activated(0,0)"} << "";
     QTest::newRow("Refresh Now") << "Event" << 3 << "clicked" << QStringList{"refreshRequested"} << "";
+    QTest::newRow("Hide Scores") << "Event" << 6 << "clicked" << QStringList{"hideScoresToggled"} << "";
     QTest::newRow("Quit Pitchlark") << "Event" << 5 << "clicked" << QStringList{"quitRequested"} << "";
     QTest::newRow("hovering does nothing") << "Event" << 3 << "hovered" << QStringList{} << "";
     QTest::newRow("unknown item") << "Event" << 99 << "clicked" << QStringList{} << invalid;

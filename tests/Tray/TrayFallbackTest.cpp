@@ -88,6 +88,7 @@ void TrayFallbackTest::menuRunsActions_data()
     // clang-format off
     QTest::newRow("open") << "Open Pitchlark" << "" << "activated";
     QTest::newRow("refresh") << "Refresh Now" << "Ctrl+R" << "refreshRequested";
+    QTest::newRow("hide scores") << "Hide Scores" << "" << "hideScoresToggled";
     QTest::newRow("quit") << "Quit Pitchlark" << "Ctrl+Q" << "quitRequested";
     // clang-format on
 }
@@ -102,16 +103,25 @@ void TrayFallbackTest::menuRunsActions()
     QStringList labels;
     for (QAction *action : menu->actions())
         labels.append(action->isSeparator() ? QStringLiteral("-") : action->text());
-    QCOMPARE(labels, QStringList({"Open Pitchlark", "-", "Refresh Now", "-", "Quit Pitchlark"}));
+    QCOMPARE(labels,
+             QStringList({"Open Pitchlark", "-", "Refresh Now", "Hide Scores", "-", "Quit Pitchlark"}));
+    // The check mark follows the model's setting, whoever changed it.
+    QAction *hideScores = menu->actions().at(labels.indexOf(QStringLiteral("Hide Scores")));
+    item.setScoresHidden(true);
+    QVERIFY(hideScores->isCheckable() && hideScores->isChecked());
+    item.setScoresHidden(false);
+    QVERIFY(!hideScores->isChecked());
 
     QSignalSpy activated(&item, &TrayItem::activated);
     QSignalSpy refresh(&item, &TrayItem::refreshRequested);
+    QSignalSpy hideScoresToggled(&item, &TrayItem::hideScoresToggled);
     QSignalSpy quit(&item, &TrayItem::quitRequested);
     QAction *action = menu->actions().at(labels.indexOf(label));
     QTEST(action->shortcut().toString(), "shortcut");
     action->trigger();
     QCOMPARE(activated.size(), int(signal == QLatin1String("activated")));
     QCOMPARE(refresh.size(), int(signal == QLatin1String("refreshRequested")));
+    QCOMPARE(hideScoresToggled.size(), int(signal == QLatin1String("hideScoresToggled")));
     QCOMPARE(quit.size(), int(signal == QLatin1String("quitRequested")));
 }
 

@@ -5,15 +5,12 @@
 
 namespace {
 
-// The menu never changes, so its layout keeps its first revision.
-constexpr uint layoutRevision = 1;
-
 bool itemExists(int id)
 {
     return id == 0 || findTrayMenuEntry(id) != nullptr;
 }
 
-QVariantMap itemProperties(int id)
+QVariantMap itemProperties(const TrayItem &tray, int id)
 {
     if (id == 0)
         return {{QStringLiteral("children-display"), QStringLiteral("submenu")}};
@@ -26,13 +23,17 @@ QVariantMap itemProperties(int id)
     if (!entry->key.isEmpty())
         properties.insert(QStringLiteral("shortcut"),
                           QVariant::fromValue(DBusMenuShortcut{{QStringLiteral("Control"), entry->key}}));
+    if (entry->ticksWhenScoresHidden) {
+        properties.insert(QStringLiteral("toggle-type"), QStringLiteral("checkmark"));
+        properties.insert(QStringLiteral("toggle-state"), tray.scoresHidden() ? 1 : 0);
+    }
     return properties;
 }
 
 // An empty list of names asks for every property.
-QVariantMap itemProperties(int id, const QStringList &names)
+QVariantMap itemProperties(const TrayItem &tray, int id, const QStringList &names)
 {
-    QVariantMap properties = itemProperties(id);
+    QVariantMap properties = itemProperties(tray, id);
     if (!names.isEmpty())
         properties.removeIf([&names](const auto &property) { return !names.contains(property.key()); });
     return properties;
@@ -43,6 +44,8 @@ QVariantMap itemProperties(int id, const QStringList &names)
 DBusMenuExporter::DBusMenuExporter(TrayItem &tray, QObject *parent) : QObject(parent), m_tray(tray)
 {
     registerTrayDBusTypes();
+    // A new revision makes hosts fetch the menu again, with the check mark where it now is.
+    connect(&tray, &TrayItem::scoresHiddenChanged, this, [this] { emit LayoutUpdated(++m_revision, 0); });
 }
 
 uint DBusMenuExporter::GetLayout(int parentId, int recursionDepth, const QStringList &propertyNames,
@@ -52,13 +55,13 @@ uint DBusMenuExporter::GetLayout(int parentId, int recursionDepth, const QString
         sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("No menu item %1").arg(parentId));
         return 0;
     }
-    layout = {parentId, itemProperties(parentId, propertyNames), {}};
+    layout = {parentId, itemProperties(m_tray, parentId, propertyNames), {}};
     // Only the root has children, and a depth of 0 asks for none.
     if (parentId == 0 && recursionDepth != 0) {
         for (const TrayMenuEntry &entry : trayMenuEntries())
-            layout.children.append({entry.id, itemProperties(entry.id, propertyNames), {}});
+            layout.children.append({entry.id, itemProperties(m_tray, entry.id, propertyNames), {}});
     }
-    return layoutRevision;
+    return m_revision;
 }
 
 QList<DBusMenuItemProperties> DBusMenuExporter::GetGroupProperties(const QList<int> &ids,
@@ -67,14 +70,14 @@ QList<DBusMenuItemProperties> DBusMenuExporter::GetGroupProperties(const QList<i
     QList<DBusMenuItemProperties> result;
     for (int id : ids) {
         if (itemExists(id))
-            result.append({id, itemProperties(id, propertyNames)});
+            result.append({id, itemProperties(m_tray, id, propertyNames)});
     }
     return result;
 }
 
 QDBusVariant DBusMenuExporter::GetProperty(int id, const QString &name)
 {
-    const QVariantMap properties = itemExists(id) ? itemProperties(id) : QVariantMap();
+    const QVariantMap properties = itemExists(id) ? itemProperties(m_tray, id) : QVariantMap();
     if (!properties.contains(name)) {
         sendErrorReply(QDBusError::InvalidArgs,
                        QStringLiteral("No property %1 on menu item %2").arg(name).arg(id));

@@ -8,7 +8,8 @@
 class TrayItem;
 
 // The tray's menu served as com.canonical.dbusmenu: a flat, fixed list under the root item 0, built
-// from trayMenuEntries(). A "clicked" event runs the row's action on the tray item.
+// from trayMenuEntries(), whose only changing state is the "Hide Scores" check mark. A "clicked" event
+// runs the row's action on the tray item.
 class DBusMenuExporter : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "com.canonical.dbusmenu")
@@ -53,6 +54,10 @@ class DBusMenuExporter : public QObject, protected QDBusContext {
                                        "    <arg name=\"updatesNeeded\" type=\"ai\" direction=\"out\"/>\n"
                                        "    <arg name=\"idErrors\" type=\"ai\" direction=\"out\"/>\n"
                                        "  </method>\n"
+                                       "  <signal name=\"LayoutUpdated\">\n"
+                                       "    <arg name=\"revision\" type=\"u\"/>\n"
+                                       "    <arg name=\"parent\" type=\"i\"/>\n"
+                                       "  </signal>\n"
                                        "</interface>\n")
     Q_PROPERTY(uint Version READ version)
     Q_PROPERTY(QString TextDirection READ textDirection)
@@ -77,8 +82,12 @@ public slots:
     bool AboutToShow(int) { return false; }
     QList<int> AboutToShowGroup(const QList<int> &ids, QList<int> &idErrors);
 
+signals:
+    void LayoutUpdated(uint revision, int parent);
+
 private:
     bool handleEvent(int id, const QString &eventId);
 
     TrayItem &m_tray;
+    uint m_revision = 1;
 };

@@ -12,7 +12,9 @@ QString scorePiece(const QString &title)
         if (piece.contains(QChar(0x2013)))
             return piece;
     }
-    return title;
+    // A title that hides its score ("🇵🇦 v ENG · 31'") gives the icon the clock, which needs no spoiler.
+    const qsizetype clock = title.lastIndexOf(QStringLiteral(" \u00b7 "));
+    return clock >= 0 ? title.mid(clock + 3) : title;
 }
 
 QImage renderScoreIcon(const QString &title, int size)

@@ -9,6 +9,11 @@ SessionTrayItem::SessionTrayItem(QObject *parent) : TrayItem(parent)
 {
     relay(m_item);
     connect(&m_item, &TrayItem::hostChanged, this, &SessionTrayItem::followHost);
+    connect(this, &TrayItem::scoresHiddenChanged, this, [this] {
+        m_item.setScoresHidden(scoresHidden());
+        if (m_fallback)
+            m_fallback->setScoresHidden(scoresHidden());
+    });
     followHost();
 }
 
@@ -18,6 +23,7 @@ void SessionTrayItem::relay(TrayItem &item)
 {
     connect(&item, &TrayItem::activated, this, &TrayItem::activated);
     connect(&item, &TrayItem::refreshRequested, this, &TrayItem::refreshRequested);
+    connect(&item, &TrayItem::hideScoresToggled, this, &TrayItem::hideScoresToggled);
     connect(&item, &TrayItem::quitRequested, this, &TrayItem::quitRequested);
 }
 
@@ -31,6 +37,7 @@ void SessionTrayItem::followHost()
         m_fallback = std::make_unique<SystemTrayFallbackItem>();
         relay(*m_fallback);
         m_fallback->setScoreInIcon(m_scoreInIcon);
+        m_fallback->setScoresHidden(scoresHidden());
         m_fallback->setTitle(m_title);
         m_fallback->setLiveMatches(m_liveMatches);
     }

@@ -26,6 +26,11 @@ SystemTrayFallbackItem::SystemTrayFallbackItem(QObject *parent) : TrayItem(paren
             continue;
         }
         QAction *action = m_menu.addAction(entry.label);
+        if (entry.ticksWhenScoresHidden) {
+            action->setCheckable(true);
+            connect(this, &TrayItem::scoresHiddenChanged, action,
+                    [this, action] { action->setChecked(scoresHidden()); });
+        }
         if (!entry.key.isEmpty())
             action->setShortcut(QKeySequence(QStringLiteral("Ctrl+") + entry.key.toUpper()));
         connect(action, &QAction::triggered, this,

@@ -21,13 +21,27 @@ public:
     virtual void setScoreInIcon(bool drawn) = 0;
     // Whether the desktop's tray shows the title as text beside the icon.
     virtual bool hostShowsLabels() const { return false; }
+    // Whether scores are hidden, which the menu's "Hide Scores" shows with a check mark.
+    bool scoresHidden() const { return m_scoresHidden; }
+    void setScoresHidden(bool hidden)
+    {
+        if (hidden == m_scoresHidden)
+            return;
+        m_scoresHidden = hidden;
+        emit scoresHiddenChanged();
+    }
 
 signals:
     // A primary click (or "Open Pitchlark"): toggle the panel on the screen holding globalPosition,
     // or on the primary screen when the position is not known (a null point).
     void activated(const QPoint &globalPosition);
     void refreshRequested();
+    void hideScoresToggled();
     void quitRequested();
+    void scoresHiddenChanged();
     // Another tray host took over, or the last one went away.
     void hostChanged();
+
+private:
+    bool m_scoresHidden = false;
 };

@@ -12,6 +12,7 @@ const QList<TrayMenuEntry> &trayMenuEntries()
         {1, QStringLiteral("Open Pitchlark"), {}, TrayAction::Open},
         {2, {}, {}, std::nullopt},
         {3, QStringLiteral("Refresh Now"), QStringLiteral("r"), TrayAction::Refresh},
+        {6, QStringLiteral("Hide Scores"), {}, TrayAction::ToggleHideScores, true},
         {4, {}, {}, std::nullopt},
         {5, QStringLiteral("Quit Pitchlark"), QStringLiteral("q"), TrayAction::Quit},
     };
@@ -34,6 +35,9 @@ void runTrayAction(TrayItem &item, TrayAction action, const QPoint &position)
         break;
     case TrayAction::Refresh:
         emit item.refreshRequested();
+        break;
+    case TrayAction::ToggleHideScores:
+        emit item.hideScoresToggled();
         break;
     case TrayAction::Quit:
         emit item.quitRequested();

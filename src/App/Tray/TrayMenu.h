@@ -8,15 +8,16 @@
 
 class TrayItem;
 
-enum class TrayAction { Open, Refresh, Quit };
+enum class TrayAction { Open, Refresh, ToggleHideScores, Quit };
 
 // One row of the tray's menu. Both the D-Bus menu and the QSystemTrayIcon menu are built from the same
 // rows, so the two kinds of tray always offer the same items.
 struct TrayMenuEntry {
-    int id = 0;                       // the D-Bus menu item id; 0 is the root, never a row
-    QString label;                    // empty for a separator
-    QString key;                      // the Ctrl+key hint, empty for none
-    std::optional<TrayAction> action; // empty for a separator
+    int id = 0;                         // the D-Bus menu item id; 0 is the root, never a row
+    QString label;                      // empty for a separator
+    QString key;                        // the Ctrl+key hint, empty for none
+    std::optional<TrayAction> action;   // empty for a separator
+    bool ticksWhenScoresHidden = false; // a check mark that follows the tray item's scoresHidden()
 
     bool isSeparator() const { return label.isEmpty(); }
 };
