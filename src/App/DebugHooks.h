@@ -8,7 +8,7 @@
 #include <optional>
 
 // Launch-time hooks for screenshots and demos, driven by environment variables: open a section or a
-// detail, switch the glass style, show a banner, write a snapshot of the panel and quit.
+// detail, switch the glass style, hide the scores, show a banner, write a snapshot of the panel and quit.
 namespace DebugHooks {
 
 // "match:ID", "team:ID", "stadium:ID" or "settings..."; nothing for anything else.

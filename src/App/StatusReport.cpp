@@ -170,7 +170,7 @@ QString text(const AppModel &model)
             const QString score = match.status == MatchStatus::scheduled || hidden ? QStringLiteral("v")
                                                                                    : match.scorelineDisplay();
             QString line = QStringLiteral("  %1  %2 %3 %4  %5")
-                               .arg(match.compactStatusLabel(), -6)
+                               .arg(hidden ? match.spoilerFreeStatusLabel() : match.compactStatusLabel(), -6)
                                .arg(match.homeTeam, score, match.awayTeam, match.venueLine());
             // "AET" or "Pens" in the status column; the shoot-out's winner is worth a word of its own.
             if (match.decidedOnPenalties && !hidden)

@@ -9,6 +9,7 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QSignalSpy>
 #include <QTest>
 #include <QtQml/QQmlExtensionPlugin>
 
@@ -90,6 +91,26 @@ public:
         QVERIFY2(target, qPrintable(name));
         const QPointF centre = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
         QTest::mouseClick(window, Qt::LeftButton, {}, centre.toPoint());
+    }
+
+    // Clicks name once it has stopped moving (a page slides in, a row is laid out again): a user aims at
+    // where a control rests. Each round asks for a frame, which lays out whatever changed.
+    void clickWhenSettled(const QString &name) const
+    {
+        QTRY_VERIFY2(item(name), qPrintable(name));
+        QSignalSpy frames(window, &QQuickWindow::frameSwapped);
+        QPointF last(-1, -1);
+        for (int round = 0; round < 100; ++round) {
+            QQuickItem *target = item(name);
+            QVERIFY2(target, qPrintable(name));
+            const QPointF now = target->mapToScene({});
+            if (now == last)
+                break;
+            last = now;
+            window->update();
+            frames.wait(500);
+        }
+        click(name);
     }
 
     std::unique_ptr<AppModel> model;

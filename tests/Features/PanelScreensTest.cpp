@@ -5,6 +5,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -13,6 +14,19 @@ namespace {
 ScreenLists *screenLists(const Panel &panel)
 {
     return panel.model->property("lists").value<ScreenLists *>();
+}
+
+// The texts drawn on screen: those of visible items only, marked "card:" on a match's card.
+void collectShownTexts(QQuickItem *item, QStringList &texts, bool onCard = false)
+{
+    if (!item->isVisible() || item->opacity() == 0)
+        return;
+    onCard = onCard || item->objectName().startsWith(QLatin1StringView("matchCard-")) ||
+             item->objectName().startsWith(QLatin1StringView("bracketGame-"));
+    if (item->inherits("QQuickText"))
+        texts.append((onCard ? QStringLiteral("card:") : QString()) + item->property("text").toString());
+    for (QQuickItem *child : item->childItems())
+        collectShownTexts(child, texts, onCard);
 }
 
 QStringList cardOrder(const Panel &panel)
@@ -42,6 +56,8 @@ private slots:
     void bracketShowsTheKnockoutTree();
     void unknownMatchSaysNotFound();
     void markupInTheFeedShowsAsText();
+    void hiddenScoresShowNowhere_data();
+    void hiddenScoresShowNowhere();
 
 private:
     // One engine for the run, as in the program: flag loads still pending when a panel goes must not
@@ -286,6 +302,68 @@ void PanelScreensTest::markupInTheFeedShowsAsText()
         QCOMPARE(text->property("textFormat").toInt(), int(Qt::PlainText));
     }
     QVERIFY(shown >= 2); // the match page and the group table
+}
+
+void PanelScreensTest::hiddenScoresShowNowhere_data()
+{
+    QTest::addColumn<QDateTime>("at");
+    QTest::addColumn<QString>("screen"); // fixtures, standings, bracket, match:<id> or team:<id>
+
+    const QDateTime groupsLive = frozenAt;
+    const QDateTime afterFinal(QDate(2026, 7, 20), QTime(12, 0), QTimeZone::utc());
+    // clang-format off
+    QTest::newRow("fixtures, group stage") << groupsLive << "fixtures";
+    QTest::newRow("standings, group stage") << groupsLive << "standings";
+    QTest::newRow("team page") << groupsLive << "team:1";
+    QTest::newRow("the opening match") << groupsLive << "match:1";
+    QTest::newRow("bracket, all played") << afterFinal << "bracket";
+    QTest::newRow("a shoot-out") << afterFinal << "match:74";
+    QTest::newRow("the final") << afterFinal << "match:104";
+    // clang-format on
+}
+
+void PanelScreensTest::hiddenScoresShowNowhere()
+{
+    QFETCH(QDateTime, at);
+    QFETCH(QString, screen);
+    m_panel.reset();
+    m_panel = std::make_unique<Panel>(Tournament::bundled(), m_engine, nullptr, at);
+    QVERIFY(QTest::qWaitForWindowExposed(m_panel->window));
+    AppModel &model = *m_panel->model;
+    model.setHideScores(true);
+    const QString id = screen.section(u':', 1);
+    if (screen == QLatin1StringView("standings") || screen == QLatin1StringView("bracket")) {
+        model.setSection(Section::standings);
+        model.setShowsBracket(screen == QLatin1StringView("bracket"));
+    } else if (screen.startsWith(QLatin1StringView("match:"))) {
+        model.openMatch(id);
+    } else if (screen.startsWith(QLatin1StringView("team:"))) {
+        model.openTeam(id);
+    }
+    QTest::qWait(400); // the page's slide, before its texts are read
+
+    // "2 – 1", "2–1", a card's goals, "win on penalties", "After extra time", "AET", "Pens", a champion,
+    // a table's points.
+    static const QRegularExpression giveaway(QStringLiteral(
+        "\\d\\s?\u2013\\s?\\d|^card:\\d+$|\\bwin\\b|extra time|AET$|Pens$|Champion|\\bPTS\\b"));
+    QStringList texts;
+    collectShownTexts(m_panel->window->contentItem(), texts);
+    QVERIFY(!texts.isEmpty());
+    for (const QString &text : std::as_const(texts))
+        QVERIFY2(!giveaway.match(text).hasMatch(), qPrintable(screen + QStringLiteral(": ") + text));
+    if (screen == QLatin1StringView("standings"))
+        QVERIFY(m_panel->item(QStringLiteral("tableHidden-") + model.standings().constFirst().group));
+    if (!screen.startsWith(QLatin1StringView("match:")))
+        return;
+
+    // Revealing this match shows its score, and only its score; hiding it again veils it once more.
+    m_panel->clickWhenSettled(QStringLiteral("reveal-") + id);
+    QTRY_VERIFY(m_panel->item(QStringLiteral("scoreline"))->property("text").toString().contains(u'\u2013'));
+    QCOMPARE(model.property("revealedMatchIDs").toStringList(), QStringList{id});
+    QVERIFY(!model.isScoreHidden(id));
+    m_panel->clickWhenSettled(QStringLiteral("hideAgain-") + id);
+    QTRY_COMPARE(m_panel->item(QStringLiteral("scoreline"))->property("text").toString(),
+                 QStringLiteral("vs"));
 }
 
 QTEST_MAIN(PanelScreensTest)

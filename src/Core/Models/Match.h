@@ -57,6 +57,8 @@ struct Match {
     Q_PROPERTY(QString displayAwayScore READ displayAwayScore)
     Q_PROPERTY(QString compactStatusLabel READ compactStatusLabel)
     Q_PROPERTY(QString kickoffDetailLabel READ kickoffDetailLabel)
+    Q_PROPERTY(QString spoilerFreeStatusLabel READ spoilerFreeStatusLabel)
+    Q_PROPERTY(QString spoilerFreeDetailLabel READ spoilerFreeDetailLabel)
     Q_PROPERTY(QString roundLabel READ roundLabel)
     Q_PROPERTY(QString kickoffFullLabel READ kickoffFullLabel)
     Q_PROPERTY(QString kickoffDatedLabel READ kickoffDatedLabel)
@@ -109,6 +111,9 @@ public:
     QString displayAwayScore() const;
     QString compactStatusLabel() const;
     QString kickoffDetailLabel() const;
+    // The same without extra time, penalties or the winner, which tell a result: "FT", "Full-time".
+    QString spoilerFreeStatusLabel() const;
+    QString spoilerFreeDetailLabel() const;
     QString roundLabel() const;
     QString kickoffFullLabel() const;
     // The kick-off with its day, for cards shown outside a heading of their own day.

@@ -85,6 +85,16 @@ QString Match::kickoffDetailLabel() const
     return {};
 }
 
+QString Match::spoilerFreeStatusLabel() const
+{
+    return status == MatchStatus::finished ? QStringLiteral("FT") : compactStatusLabel();
+}
+
+QString Match::spoilerFreeDetailLabel() const
+{
+    return status == MatchStatus::finished ? QStringLiteral("Full-time") : kickoffDetailLabel();
+}
+
 QString Match::winnerName() const
 {
     if (!winnerTeamID)
@@ -109,7 +119,7 @@ QString Match::kickoffFullLabel() const
 QString Match::spoilerFreeTitle() const
 {
     return trayMark(homeFlagEmoji, homeCode) + QStringLiteral(" v ") + trayMark(awayFlagEmoji, awayCode) +
-           QStringLiteral(" \u00b7 ") + compactStatusLabel();
+           QStringLiteral(" \u00b7 ") + spoilerFreeStatusLabel();
 }
 
 QString Match::fixtureName() const

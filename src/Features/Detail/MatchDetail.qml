@@ -3,7 +3,7 @@ import Pitchlark.DesignSystem
 import Pitchlark.Features
 
 // A match's own page: the round and kick-off, a large scoreline between the two teams, the scorers and
-// the venue. An id that is not in the schedule gets a clear note instead.
+// the venue. While scores are hidden the scoreline and scorers wait behind a veil. An id that is not in the schedule gets a clear note instead.
 Column {
     id: detail
 
@@ -12,6 +12,7 @@ Column {
     readonly property var match: model.allMatches.find(candidate => candidate.id === matchID)
     readonly property bool found: match !== undefined
     readonly property bool started: found && match.status !== "scheduled"
+    readonly property bool scoreHidden: veil.hidesScore
 
     spacing: Theme.rowSpacing
 
@@ -89,21 +90,25 @@ Column {
                     Text {
                         objectName: "scoreline"
                         anchors.horizontalCenter: parent.horizontalCenter
-                        text: !detail.found ? "" : detail.started ? detail.match.displayHomeScore + " – " + detail.match.displayAwayScore : "vs"
+                        text: !detail.found ? "" : detail.started && !detail.scoreHidden
+                              ? detail.match.displayHomeScore + " – " + detail.match.displayAwayScore : "vs"
                         textFormat: Text.PlainText
                         font.pixelSize: 38
                         font.weight: Font.Bold
-                        color: !detail.started ? Theme.faint : detail.match.isLive ? Theme.liveRed : Theme.primary
+                        color: !detail.started || detail.scoreHidden ? Theme.faint
+                               : detail.match.isLive ? Theme.liveRed : Theme.primary
                     }
                     StatusBadge {
                         anchors.horizontalCenter: parent.horizontalCenter
-                        label: detail.found ? detail.match.compactStatusLabel : ""
+                        label: !detail.found ? "" : detail.scoreHidden ? detail.match.spoilerFreeStatusLabel
+                                                                      : detail.match.compactStatusLabel
                         live: detail.found && detail.match.isLive
                         finished: detail.found && detail.match.status === "finished"
                     }
                     Text {
                         anchors.horizontalCenter: parent.horizontalCenter
-                        text: detail.found ? detail.match.kickoffDetailLabel : ""
+                        text: !detail.found ? "" : detail.scoreHidden ? detail.match.spoilerFreeDetailLabel
+                                                                     : detail.match.kickoffDetailLabel
                         textFormat: Text.PlainText
                         font.pixelSize: 11
                         color: Theme.tertiary
@@ -119,6 +124,13 @@ Column {
                     flagURL: detail.found ? detail.match.awayFlagURL : ""
                 }
             }
+            ScoreVeil {
+                id: veil
+                width: parent.width
+                model: detail.model
+                match: detail.found ? detail.match : ({ id: "", status: "scheduled" })
+                offersToHideAgain: true
+            }
             ConcurrencyMark {
                 anchors.horizontalCenter: parent.horizontalCenter
                 // The caches behind the answer are rebuilt with the title, which is set on every rebuild.
@@ -129,7 +141,7 @@ Column {
     GlassCard {
         id: goals
         width: parent.width
-        visible: detail.started
+        visible: detail.started && !detail.scoreHidden
         surfaceOpacity: detail.model.surfaceOpacity
         transform: AppearAnimation { target: goals; delay: 60 }
 

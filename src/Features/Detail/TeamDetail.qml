@@ -101,7 +101,8 @@ Column {
                 id: stats
                 objectName: "teamStats"
                 width: parent.width
-                visible: !!detail.standing
+                // Place, points and goal difference tell results.
+                visible: !!detail.standing && !detail.model.hideScores
                 spacing: detail.statSpacing
                 readonly property real tileWidth: (width - 3 * spacing) / 4
                 StatTile {
@@ -175,11 +176,15 @@ Column {
             width: parent.width
             model: detail.model
             group: detail.team.groupStanding?.group ?? ""
-            rows: StandingListModel { standings: detail.team.groupStanding?.standings ?? [] }
+            rows: StandingListModel {
+                standings: detail.team.groupStanding?.standings ?? []
+                nameOrder: detail.model.hideScores
+            }
             highlightedTeamID: detail.teamID
         }
         QualificationLegend {
             anchors.horizontalCenter: parent.horizontalCenter
+            visible: !detail.model.hideScores
         }
     }
     MatchList {

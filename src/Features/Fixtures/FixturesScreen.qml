@@ -103,12 +103,15 @@ Item {
                     symbol: emptyDay.after ? "🏆" : "⚽"
                     title: screen.model.isLoading && emptyDay.facts.kind === "noMatches" ? "Loading fixtures…"
                          : emptyDay.before && emptyDay.facts.countdown.length > 0 ? emptyDay.facts.countdown
-                         : emptyDay.after && emptyDay.facts.championName.length > 0 ? emptyDay.facts.championName + " win the World Cup"
+                         : emptyDay.after && emptyDay.facts.championName.length > 0 && !screen.model.hideScores
+                           ? emptyDay.facts.championName + " win the World Cup"
                          : emptyDay.after ? "The tournament is over"
                          : "No matches on this day"
                     message: emptyDay.before && emptyDay.facts.openingMatch
                              ? emptyDay.facts.openingMatch.homeTeam + " v " + emptyDay.facts.openingMatch.awayTeam
                                + " · " + emptyDay.facts.openingMatch.kickoffDatedLabel
+                           : emptyDay.after && emptyDay.facts.finalMatch && screen.model.hideScores
+                             ? "Final: " + emptyDay.facts.finalMatch.fixtureName
                            : emptyDay.after && emptyDay.facts.finalMatch
                              ? "Final: " + emptyDay.facts.finalMatch.homeTeam + " " + emptyDay.facts.finalMatch.scorelineDisplay
                                + " " + emptyDay.facts.finalMatch.awayTeam + " · " + emptyDay.facts.finalMatch.kickoffDetailLabel

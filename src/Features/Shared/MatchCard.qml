@@ -3,8 +3,8 @@ import Pitchlark.DesignSystem
 import Pitchlark.Features
 
 // One match in the fixtures list: its round, status and pin on top, the two sides with their scores,
-// and when and where it is played; outside a heading of its own day it gives the day too. A click opens
-// the match.
+// and when and where it is played; outside a heading of its own day it gives the day too. While scores are
+// hidden a veil stands in for them. A click opens the match.
 Pressable {
     id: card
 
@@ -17,16 +17,18 @@ Pressable {
     readonly property int homeGoals: Number(match.homeScore)
     readonly property int awayGoals: Number(match.awayScore)
     // A shoot-out leaves the scores level, so the side that went through is the model's word.
-    readonly property bool homeLost: finished && (match.winnerTeamID.length > 0 ? match.winnerTeamID !== match.homeTeamID
+    readonly property bool scoreHidden: veil.hidesScore
+    readonly property bool homeLost: finished && !scoreHidden && (match.winnerTeamID.length > 0 ? match.winnerTeamID !== match.homeTeamID
                                                                                 : homeGoals < awayGoals)
-    readonly property bool awayLost: finished && (match.winnerTeamID.length > 0 ? match.winnerTeamID !== match.awayTeamID
+    readonly property bool awayLost: finished && !scoreHidden && (match.winnerTeamID.length > 0 ? match.winnerTeamID !== match.awayTeamID
                                                                                 : awayGoals < homeGoals)
 
     objectName: "matchCard-" + match.id
     implicitHeight: surface.implicitHeight
     focusRadius: Theme.cardRadius
-    accessibleName: match.homeTeam + " " + match.displayHomeScore + ", " + match.awayTeam + " "
-                    + match.displayAwayScore + ", " + match.compactStatusLabel + ". Open match"
+    accessibleName: scoreHidden ? match.fixtureName + ", score hidden, " + match.spoilerFreeStatusLabel + ". Open match"
+                                : match.homeTeam + " " + match.displayHomeScore + ", " + match.awayTeam + " "
+                                  + match.displayAwayScore + ", " + match.compactStatusLabel + ". Open match"
     onClicked: model.openMatch(match.id)
 
     GlassCard {
@@ -69,7 +71,8 @@ Pressable {
                         id: badge
                         objectName: "status-" + card.match.id
                         anchors.verticalCenter: parent.verticalCenter
-                        label: card.scheduled ? card.kickoffText : card.match.compactStatusLabel
+                        label: card.scheduled ? card.kickoffText
+                               : card.scoreHidden ? card.match.spoilerFreeStatusLabel : card.match.compactStatusLabel
                         live: card.match.isLive
                         finished: card.finished
                     }
@@ -90,7 +93,7 @@ Pressable {
                 code: card.match.homeCode
                 emoji: card.match.homeFlagEmoji
                 flagURL: card.match.homeFlagURL
-                score: card.match.displayHomeScore
+                score: card.scoreHidden ? "" : card.match.displayHomeScore
                 live: card.match.isLive
                 muted: card.homeLost
             }
@@ -102,9 +105,15 @@ Pressable {
                 code: card.match.awayCode
                 emoji: card.match.awayFlagEmoji
                 flagURL: card.match.awayFlagURL
-                score: card.match.displayAwayScore
+                score: card.scoreHidden ? "" : card.match.displayAwayScore
                 live: card.match.isLive
                 muted: card.awayLost
+            }
+            ScoreVeil {
+                id: veil
+                width: parent.width
+                model: card.model
+                match: card.match
             }
             Text {
                 width: parent.width

@@ -3,8 +3,8 @@ import Pitchlark.DesignSystem
 import Pitchlark.Features
 
 // One knockout game in the bracket: its day or where it stands ("AET", "Pens", the live clock), then
-// the two sides, each a flag and name or the slot it waits for, with the winner in full ink. A click
-// opens the match.
+// the two sides, each a flag and name or the slot it waits for, with the winner in full ink. While
+// scores are hidden a veil stands in for the scores and the winner. A click opens the match.
 Pressable {
     id: game
 
@@ -12,13 +12,16 @@ Pressable {
     required property var match
     readonly property bool scheduled: match.status === "scheduled"
     readonly property bool finished: match.status === "finished"
+    readonly property bool scoreHidden: veil.hidesScore
+    readonly property string winnerTeamID: scoreHidden ? "" : match.winnerTeamID
 
     objectName: "bracketGame-" + match.id
     implicitHeight: surface.implicitHeight
     focusRadius: Theme.cardRadius
-    accessibleName: match.homeTeam + " " + match.displayHomeScore + ", " + match.awayTeam + " "
-                    + match.displayAwayScore + ", " + (scheduled ? match.kickoffDatedLabel : match.kickoffDetailLabel)
-                    + ". Open match"
+    accessibleName: scoreHidden ? match.fixtureName + ", score hidden, " + match.spoilerFreeDetailLabel + ". Open match"
+                                : match.homeTeam + " " + match.displayHomeScore + ", " + match.awayTeam + " "
+                                  + match.displayAwayScore + ", "
+                                  + (scheduled ? match.kickoffDatedLabel : match.kickoffDetailLabel) + ". Open match"
     onClicked: model.openMatch(match.id)
 
     component Side: Item {
@@ -30,8 +33,8 @@ Pressable {
         property url flagURL
         property string score
         readonly property bool decided: teamID.length > 0 && teamID !== "0"
-        readonly property bool won: game.match.winnerTeamID.length > 0 && game.match.winnerTeamID === teamID
-        readonly property bool lost: game.match.winnerTeamID.length > 0 && !won
+        readonly property bool won: game.winnerTeamID.length > 0 && game.winnerTeamID === teamID
+        readonly property bool lost: game.winnerTeamID.length > 0 && !won
 
         width: parent.width
         implicitHeight: 20
@@ -96,7 +99,7 @@ Pressable {
                     objectName: "bracketStatus-" + game.match.id
                     anchors { right: parent.right; verticalCenter: parent.verticalCenter }
                     visible: !game.scheduled
-                    label: game.match.compactStatusLabel
+                    label: game.scoreHidden ? game.match.spoilerFreeStatusLabel : game.match.compactStatusLabel
                     live: game.match.isLive
                     finished: game.finished
                 }
@@ -107,7 +110,7 @@ Pressable {
                 code: game.match.homeCode
                 emoji: game.match.homeFlagEmoji
                 flagURL: game.match.homeFlagURL
-                score: game.match.displayHomeScore
+                score: game.scoreHidden ? "" : game.match.displayHomeScore
             }
             Side {
                 teamID: game.match.awayTeamID
@@ -115,7 +118,13 @@ Pressable {
                 code: game.match.awayCode
                 emoji: game.match.awayFlagEmoji
                 flagURL: game.match.awayFlagURL
-                score: game.match.displayAwayScore
+                score: game.scoreHidden ? "" : game.match.displayAwayScore
+            }
+            ScoreVeil {
+                id: veil
+                width: parent.width
+                model: game.model
+                match: game.match
             }
         }
     }

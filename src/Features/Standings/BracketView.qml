@@ -154,7 +154,7 @@ Item {
             GlassCard {
                 objectName: "champion"
                 width: parent.width
-                visible: view.onFinal && view.bracket.championName.length > 0
+                visible: view.onFinal && view.bracket.championName.length > 0 && !view.model.hideScores
                 surfaceOpacity: view.model.surfaceOpacity
                 tint: Qt.rgba(Theme.playoffAmber.r, Theme.playoffAmber.g, Theme.playoffAmber.b, 0.14)
                 Accessible.role: Accessible.StaticText

@@ -4,6 +4,7 @@ import Pitchlark.Features
 
 // One group's table on a card: its title, the column heading and a row per team in place order, with
 // one team's row picked out when a page is about that team. Draws nothing of a group it has not got.
+// While scores are hidden it lists the teams by name with no places or figures, which would tell results.
 GlassCard {
     id: table
 
@@ -12,6 +13,7 @@ GlassCard {
     required property string group
     required property QtObject rows
     property string highlightedTeamID
+    readonly property bool concealed: model.hideScores
     readonly property int rowHeight: 36
 
     surfaceOpacity: model.surfaceOpacity
@@ -20,23 +22,38 @@ GlassCard {
     Column {
         width: parent.width
         spacing: 2
-        Text {
-            leftPadding: 6
-            bottomPadding: 6
-            text: "Group " + table.group
-            textFormat: Text.PlainText
-            font.pixelSize: 17
-            font.weight: Font.Bold
-            color: Theme.primary
+        Item {
+            width: parent.width
+            height: title.implicitHeight
+            Text {
+                id: title
+                leftPadding: 6
+                bottomPadding: 6
+                text: "Group " + table.group
+                textFormat: Text.PlainText
+                font.pixelSize: 17
+                font.weight: Font.Bold
+                color: Theme.primary
+            }
+            Text {
+                objectName: "tableHidden-" + table.group
+                anchors { right: parent.right; rightMargin: 6; baseline: title.baseline }
+                visible: table.concealed
+                text: "Table hidden"
+                textFormat: Text.PlainText
+                font.pixelSize: 12
+                font.italic: true
+                color: Theme.tertiary
+            }
         }
         TableColumns {
             width: parent.width
             height: 20
             heading: true
-            position: "#"
+            position: table.concealed ? "" : "#"
             team: "TEAM"
-            figures: ["P", "W", "D", "L", "GF", "GA", "GD"]
-            points: "PTS"
+            figures: table.concealed ? [] : ["P", "W", "D", "L", "GF", "GA", "GD"]
+            points: table.concealed ? "" : "PTS"
         }
         Repeater {
             model: table.rows
@@ -44,6 +61,7 @@ GlassCard {
                 width: parent.width
                 height: table.rowHeight
                 model: table.model
+                concealed: table.concealed
                 highlighted: standing.teamID === table.highlightedTeamID
             }
         }

@@ -3,22 +3,25 @@ import Pitchlark.DesignSystem
 import Pitchlark.Features
 
 // One team's line in a group table. A coloured bar marks the places that go through; the rows of
-// followed teams are tinted, and the row of the team a page is about more strongly. A click opens the team.
+// followed teams are tinted, and the row of the team a page is about more strongly. A concealed row shows
+// the team alone. A click opens the team.
 Pressable {
     id: row
 
     required property QtObject model
     required property var standing
     property bool highlighted
+    property bool concealed
     readonly property bool followed: model.favoriteTeamIDs.indexOf(standing.teamID) >= 0
-    readonly property color placeColor: standing.position <= 2 ? Theme.qualGreen
+    readonly property color placeColor: concealed ? "transparent" : standing.position <= 2 ? Theme.qualGreen
                                         : standing.position === 3 ? Theme.playoffAmber : "transparent"
     readonly property int barWidth: 3
 
     objectName: "standing-" + standing.teamID
     implicitHeight: 34
     focusRadius: 10
-    accessibleName: standing.team + ", place " + standing.position + ", " + standing.points + " points. Open team"
+    accessibleName: concealed ? standing.team + ". Open team"
+                              : standing.team + ", place " + standing.position + ", " + standing.points + " points. Open team"
     onClicked: model.openTeam(standing.teamID)
 
     Rectangle {
@@ -37,7 +40,7 @@ Pressable {
     }
     TableColumns {
         anchors.fill: parent
-        position: String(row.standing.position)
+        position: row.concealed ? "" : String(row.standing.position)
         positionColor: row.standing.position <= 3 ? row.placeColor : Theme.tertiary
         FlagView {
             anchors.centerIn: parent
@@ -47,9 +50,9 @@ Pressable {
         }
         team: row.standing.team
         teamBold: row.followed || row.highlighted
-        figures: [row.standing.played, row.standing.won, row.standing.drawn, row.standing.lost,
+        figures: row.concealed ? [] : [row.standing.played, row.standing.won, row.standing.drawn, row.standing.lost,
                   row.standing.goalsFor, row.standing.goalsAgainst,
                   (row.standing.goalDifference > 0 ? "+" : "") + row.standing.goalDifference]
-        points: String(row.standing.points)
+        points: row.concealed ? "" : String(row.standing.points)
     }
 }

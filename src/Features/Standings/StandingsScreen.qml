@@ -68,7 +68,7 @@ Item {
                 QualificationLegend {
                     objectName: "qualificationLegend"
                     anchors.horizontalCenter: parent.horizontalCenter
-                    visible: tables.count > 0
+                    visible: tables.count > 0 && !screen.model.hideScores
                 }
                 Repeater {
                     id: tables
@@ -80,7 +80,10 @@ Item {
                         width: parent.width
                         model: screen.model
                         group: modelData.group
-                        rows: StandingListModel { standings: table.modelData.standings }
+                        rows: StandingListModel {
+                            standings: table.modelData.standings
+                            nameOrder: screen.model.hideScores
+                        }
                         transform: AppearAnimation { target: table }
                     }
                 }
