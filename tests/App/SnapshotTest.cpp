@@ -3,7 +3,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-// The real program under an X server (CTest runs this test inside xvfb-run): it opens the panel on the
+// The real program under an X server (CTest runs this test under its own Xvfb): it opens the panel on the
 // in-process replay, writes a snapshot of it and quits. The pictures are checked pixel by pixel.
 class SnapshotTest : public QObject {
     Q_OBJECT

@@ -19,7 +19,7 @@ foreach(shot IN ITEMS "fixtures;TIDEWELL_SECTION=fixtures" "standings;TIDEWELL_S
     execute_process(
         COMMAND ${CMAKE_COMMAND} -E env ${hook} TIDEWELL_SNAPSHOT=${path} TIDEWELL_PINNED=1
                 TIDEWELL_DEMO_AT=${at}
-                xvfb-run -a -s "-screen 0 1440x900x24" ${PROGRAM} --demo
+                ${CMAKE_CURRENT_LIST_DIR}/../Support/with-xvfb.sh ${PROGRAM} --demo
         TIMEOUT 60 RESULT_VARIABLE result OUTPUT_QUIET ERROR_QUIET)
     if(NOT EXISTS ${path})
         message(FATAL_ERROR "no snapshot of ${name} (exit ${result})")
