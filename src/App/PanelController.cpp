@@ -2,6 +2,7 @@
 
 #include "BlurBehind.h"
 #include "State/AppModel.h"
+#include "SwayPlacement.h"
 #include "WindowFade.h"
 #include "WindowShape.h"
 
@@ -117,6 +118,12 @@ void PanelController::show(const QPoint &position)
     m_shown = true;
     m_window->setOpacity(0);
     m_window->show();
+    if (SwayPlacement::isRunning()) {
+        if (!m_sway)
+            m_sway = std::make_unique<SwayPlacement>(QCoreApplication::applicationPid(), m_window->title(),
+                                                     &PanelController::panelGeometry);
+        m_sway->place();
+    }
     m_window->raise();
     m_window->requestActivate();
     // The compositor learns about the window only once it is mapped.

@@ -16,6 +16,7 @@ class AppModel;
 class QQmlEngine;
 class QQuickWindow;
 class QScreen;
+class SwayPlacement;
 class WindowFade;
 
 // Owns the frosted panel: places it as a full-height column at the right edge of a screen, fades it in
@@ -75,6 +76,7 @@ private:
     QPointer<QObject> m_updates;
     std::unique_ptr<QQuickWindow> m_window;
     std::unique_ptr<WindowFade> m_fade;
+    std::unique_ptr<SwayPlacement> m_sway;
     QTimer m_releaseTimer;
     QTimer m_graceTimer;
     GlobalClickMonitor m_clicks;
