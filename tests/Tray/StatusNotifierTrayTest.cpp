@@ -342,12 +342,12 @@ void StatusNotifierTrayTest::scorePieceKeepsHiddenScoresHidden_data()
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("piece");
 
-    QTest::newRow("score") << "🇵🇦 2–1 ENG"
-                           << "2–1";
-    QTest::newRow("hidden, running") << "🇵🇦 v ENG · 31'"
-                                     << "31'";
-    QTest::newRow("hidden, half-time") << "🇵🇦 v ENG · HT"
-                                       << "HT";
+    // clang-format off
+    QTest::newRow("score") << "🇵🇦 2–1 ENG" << "2–1";
+    QTest::newRow("hidden, running") << "🇵🇦 v ENG · 31'" << "31'";
+    QTest::newRow("hidden, half-time") << "🇵🇦 v ENG · HT" << "HT";
+    QTest::newRow("hidden, added time") << "🇵🇦 v ENG · 90'+4'" << "90+";
+    // clang-format on
 }
 
 void StatusNotifierTrayTest::scorePieceKeepsHiddenScoresHidden()

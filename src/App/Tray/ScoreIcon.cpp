@@ -4,6 +4,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
+#include <QRegularExpression>
 
 QString scorePiece(const QString &title)
 {
@@ -12,9 +13,14 @@ QString scorePiece(const QString &title)
         if (piece.contains(QChar(0x2013)))
             return piece;
     }
-    // A title that hides its score ("🇵🇦 v ENG · 31'") gives the icon the clock, which needs no spoiler.
+    // A title that hides its score ("🇵🇦 v ENG · 31'") gives the icon the clock, which needs no spoiler;
+    // added time keeps its minute and a plus ("45'+2'" as "45+"), which a 22 px square can still hold.
     const qsizetype clock = title.lastIndexOf(QStringLiteral(" \u00b7 "));
-    return clock >= 0 ? title.mid(clock + 3) : title;
+    if (clock < 0)
+        return title;
+    static const QRegularExpression addedTime(QStringLiteral("^(\\d+)'\\+\\d+'?$"));
+    QString piece = title.mid(clock + 3);
+    return piece.replace(addedTime, QStringLiteral("\\1+"));
 }
 
 QImage renderScoreIcon(const QString &title, int size)
