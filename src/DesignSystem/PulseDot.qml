@@ -12,7 +12,8 @@ Rectangle {
     radius: width / 2
 
     SequentialAnimation on opacity {
-        running: dot.pulsing
+        // Only while it can be seen: a hidden tag or a hidden panel draws no frames for it.
+        running: dot.pulsing && dot.visible && dot.Window.visibility !== Window.Hidden
         loops: Animation.Infinite
         NumberAnimation { from: 1; to: 0.5; duration: dot.halfPeriod; easing.type: Easing.InOutQuad }
         NumberAnimation { from: 0.5; to: 1; duration: dot.halfPeriod; easing.type: Easing.InOutQuad }

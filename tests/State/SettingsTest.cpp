@@ -258,6 +258,23 @@ void SettingsTest::glassWritesStoreAndNotifyPanel()
     model.setGlassGrain(0.5);
     QCOMPARE(glassChanges, 2);
     QCOMPARE(tints.size(), 2);
+    model.saveGlassSettings();
+    QCOMPARE(SettingsStore(fixture.settingsPath()).real(QStringLiteral("GlassGrain")), std::optional(0.5));
+    QFile::remove(fixture.settingsPath());
+
+    // A drag's moves come faster than the file is written: the burst is written once, a moment later,
+    // and the drag's end writes its last value at once.
+    const auto storedGrain = [&fixture] {
+        return SettingsStore(fixture.settingsPath()).real(QStringLiteral("GlassGrain"));
+    };
+    QCOMPARE(storedGrain(), std::nullopt);
+    for (int step = 1; step <= 40; ++step)
+        model.setGlassGrain(step / 100.0);
+    QCOMPARE(storedGrain(), std::nullopt);
+    QTRY_COMPARE(storedGrain(), std::optional(0.4));
+    model.setGlassGrain(0.6);
+    model.saveGlassSettings();
+    QCOMPARE(storedGrain(), std::optional(0.6));
 
     tints.clear();
     glassChanges = 0;

@@ -32,6 +32,10 @@ AppModel::AppModel(Services services, QObject *parent)
       m_allGroups(groupLetters())
 {
     m_selectedDate = WCFormatters::shared().dateKey(now());
+    // Not restarted by each move, so a drag writes settings.json at most four times a second.
+    m_glassSaveTimer.setSingleShot(true);
+    m_glassSaveTimer.setInterval(250);
+    connect(&m_glassSaveTimer, &QTimer::timeout, this, [this] { m_settings->saveKept(); });
     m_bannerTimer.setSingleShot(true);
     m_bannerTimer.setTimerType(Qt::PreciseTimer);
     m_bannerTimer.setInterval(bannerLifetime);
@@ -51,6 +55,7 @@ AppModel::~AppModel()
         m_pollingTimer->disconnect();
         m_pollingTimer->stop();
     }
+    saveGlassSettings();
 }
 
 void AppModel::loadSettings()
@@ -351,7 +356,9 @@ QVariant AppModel::activeBannerValue() const
 
 void AppModel::storeGlassSetting(const QString &key, double value, bool callsGlassChange, bool retints)
 {
-    m_settings->set(key, value);
+    m_settings->setLater(key, value);
+    if (!m_glassSaveTimer.isActive())
+        m_glassSaveTimer.start();
     // Only the panel window's own material needs the callback; card surfaces read the model directly.
     if (callsGlassChange && onGlassChange)
         onGlassChange();

@@ -220,6 +220,8 @@ public:
     void updateRefreshInterval(RefreshInterval interval);
     Q_INVOKABLE void updateRefreshInterval(int seconds);
     Q_INVOKABLE void resetGlassDefaults();
+    // A glass slider's drag wrote its values to disk a few times a second; its end writes the last one now.
+    Q_INVOKABLE void saveGlassSettings();
     Q_INVOKABLE void refreshStartAtLoginState();
     Q_INVOKABLE void updateStartAtLogin(bool enabled);
 
@@ -456,5 +458,6 @@ private:
     QHash<QString, MatchSnapshot> m_matchSnapshots;
     bool m_hasSeededSnapshots = false;
     QTimer m_bannerTimer;
+    QTimer m_glassSaveTimer;
     const QStringList m_allGroups;
 };

@@ -106,4 +106,11 @@ void AppModel::resetGlassDefaults()
     setGlassTint(defaultGlassTint);
     setGlassGrain(defaultGlassGrain);
     setSurfaceOpacity(defaultSurfaceOpacity);
+    saveGlassSettings();
+}
+
+void AppModel::saveGlassSettings()
+{
+    m_glassSaveTimer.stop();
+    m_settings->saveKept();
 }

@@ -119,6 +119,18 @@ void SettingsStore::set(const QString &key, double value)
     write(key, value);
 }
 
+void SettingsStore::setLater(const QString &key, double value)
+{
+    m_values.insert(key, value);
+    m_hasKeptValues = true;
+}
+
+void SettingsStore::saveKept()
+{
+    if (m_hasKeptValues)
+        save();
+}
+
 void SettingsStore::remove(const QString &key)
 {
     m_values.remove(key);
@@ -143,6 +155,8 @@ void SettingsStore::save()
         }
         m_keepCorruptFile = false;
     }
+    // Every write carries all values, kept ones included.
+    m_hasKeptValues = false;
     QSaveFile file(m_filePath);
     const QByteArray bytes = QJsonDocument(m_values).toJson(QJsonDocument::Indented);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())

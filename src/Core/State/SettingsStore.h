@@ -31,6 +31,10 @@ public:
     void set(const QString &key, bool value);
     void set(const QString &key, qint64 value);
     void set(const QString &key, double value);
+    // Keeps value for the next write rather than writing now, for values that change many times a
+    // second; saveKept() writes it.
+    void setLater(const QString &key, double value);
+    void saveKept();
     void remove(const QString &key);
 
 private:
@@ -42,4 +46,5 @@ private:
     QString m_filePath;
     QJsonObject m_values;
     bool m_keepCorruptFile = false;
+    bool m_hasKeptValues = false;
 };

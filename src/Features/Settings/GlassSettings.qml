@@ -17,6 +17,7 @@ SettingsSection {
         title: "Blur"
         value: section.model.glassBlur
         onMoved: value => section.model.glassBlur = value
+        onSettled: section.model.saveGlassSettings()
     }
     SliderRow {
         width: parent.width
@@ -24,6 +25,7 @@ SettingsSection {
         title: "Tint strength"
         value: section.model.glassTint
         onMoved: value => section.model.glassTint = value
+        onSettled: section.model.saveGlassSettings()
     }
     Column {
         width: parent.width
@@ -38,6 +40,7 @@ SettingsSection {
             accessibleName: "Tint colour"
             value: section.model.glassTintHue
             onMoved: value => section.model.glassTintHue = value
+            onPressedChanged: if (!pressed) section.model.saveGlassSettings()
         }
     }
     SliderRow {
@@ -46,6 +49,7 @@ SettingsSection {
         title: "Grain"
         value: section.model.glassGrain
         onMoved: value => section.model.glassGrain = value
+        onSettled: section.model.saveGlassSettings()
     }
     SliderRow {
         width: parent.width
@@ -54,6 +58,7 @@ SettingsSection {
         from: section.minimumSurfaceOpacity
         value: section.model.surfaceOpacity
         onMoved: value => section.model.surfaceOpacity = value
+        onSettled: section.model.saveGlassSettings()
     }
     SwitchRow {
         width: parent.width

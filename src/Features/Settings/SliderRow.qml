@@ -13,6 +13,8 @@ Column {
     // The slider's object name, for whoever needs to find it.
     property string controlName
     signal moved(real value)
+    // The drag is over: the value the slider rests at.
+    signal settled()
 
     spacing: 4
 
@@ -43,5 +45,6 @@ Column {
         from: row.from
         to: row.to
         onMoved: value => row.moved(value)
+        onPressedChanged: if (!pressed) row.settled()
     }
 }
