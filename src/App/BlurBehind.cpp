@@ -12,6 +12,14 @@
 
 namespace {
 
+// The program's X connection, or none off X11: the offscreen platform also answers the X11 interface,
+// with no connection behind it.
+xcb_connection_t *x11Connection()
+{
+    auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->connection() : nullptr;
+}
+
 xcb_atom_t internAtom(xcb_connection_t *connection, const char *name)
 {
     const xcb_intern_atom_cookie_t cookie =
@@ -56,10 +64,9 @@ bool windowManagerSupports(xcb_connection_t *connection, xcb_window_t root, xcb_
 
 bool requestX11BlurBehind(QWindow *window)
 {
-    auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    xcb_connection_t *connection = x11Connection();
+    if (!connection)
         return false;
-    xcb_connection_t *connection = x11->connection();
     const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
     const xcb_atom_t blurRegion = internAtom(connection, "_KDE_NET_WM_BLUR_BEHIND_REGION");
     if (!screen || blurRegion == XCB_ATOM_NONE ||
@@ -90,10 +97,9 @@ bool requestBlurBehind(QWindow *window)
 
 bool displayIsComposited()
 {
-    auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    xcb_connection_t *connection = x11Connection();
+    if (!connection)
         return true; // Wayland compositors always composite; offscreen has nothing behind the window.
-    xcb_connection_t *connection = x11->connection();
     const xcb_atom_t selection = internAtom(connection, "_NET_WM_CM_S0");
     xcb_get_selection_owner_reply_t *reply =
         xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, selection), nullptr);

@@ -17,14 +17,18 @@ void LaunchWithoutDisplayTest::commands_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QString>("output"); // on stdout or stderr
+    QTest::addColumn<QString>("output");      // on stdout or stderr
+    QTest::addColumn<QStringList>("setting"); // more of the environment, NAME=value
 
     // clang-format off
-    QTest::newRow("help") << QStringList{"--help"} << 0 << "--toggle";
-    QTest::newRow("version") << QStringList{"--version"} << 0 << "pitchlark " PITCHLARK_VERSION;
-    QTest::newRow("toggle, nothing running") << QStringList{"--toggle"} << 1 << "Pitchlark is not running.";
-    QTest::newRow("status, service down") << QStringList{"status"} << 1 << "Couldn't reach";
-    QTest::newRow("tray app") << QStringList{} << 1 << "no X11 or Wayland display answered";
+    QTest::newRow("help") << QStringList{"--help"} << 0 << "--toggle" << QStringList{};
+    QTest::newRow("version") << QStringList{"--version"} << 0 << "pitchlark " PITCHLARK_VERSION << QStringList{};
+    QTest::newRow("toggle, nothing running") << QStringList{"--toggle"} << 1 << "Pitchlark is not running." << QStringList{};
+    QTest::newRow("status, service down") << QStringList{"status"} << 1 << "Couldn't reach" << QStringList{};
+    QTest::newRow("tray app") << QStringList{} << 1 << "no X11 or Wayland display answered" << QStringList{};
+    // Qt's offscreen platform answers as X11 does, with no X connection behind it.
+    QTest::newRow("panel, offscreen") << QStringList{"--demo"} << 0 << "snapshot"
+        << QStringList{"QT_QPA_PLATFORM=offscreen", "TIDEWELL_SNAPSHOT=panel.png", "TIDEWELL_PINNED=1"};
     // clang-format on
 }
 
@@ -43,8 +47,12 @@ void LaunchWithoutDisplayTest::commands()
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home.filePath(QStringLiteral("config")));
     environment.insert(QStringLiteral("XDG_CACHE_HOME"), home.filePath(QStringLiteral("cache")));
     environment.insert(QStringLiteral("WC_API_BASE_URL"), QStringLiteral("http://127.0.0.1:9"));
+    QFETCH(QStringList, setting);
+    for (const QString &variable : setting)
+        environment.insert(variable.section(u'=', 0, 0), variable.section(u'=', 1));
 
     QProcess program;
+    program.setWorkingDirectory(home.path());
     program.setProcessEnvironment(environment);
     program.start(QStringLiteral(PITCHLARK_BINARY), arguments);
     QVERIFY(program.waitForFinished(20'000));
