@@ -9,7 +9,7 @@ for benchmark in build/bench/bench_*; do
   echo "== $(basename "$benchmark")"
   if [ "$(basename "$benchmark")" = bench_shell ] && [ -z "${DISPLAY:-}" ]; then
     # The panel needs an X server: give it one of its own.
-    QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1440x900x24" "$benchmark"
+    QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1440x900x24 -noreset" "$benchmark"
   else
     "$benchmark"
   fi

@@ -47,7 +47,7 @@ echo "== the QML modules and plugins the panel loads come from the package's Dep
 # Qt finds QML modules (their qmldir files and plugins) and its platform plugins by name at run time, out
 # of dpkg-shlibdeps' sight: the panel is shown on the demo (and snapshotted, which ends it), and the
 # qmldir files it read and the plugins it loaded are looked up.
-xvfb-run -a -s "-screen 0 1440x900x24" "${isolate[@]}" sh -c "$unpacked" "$repo" "$root/home" \
+xvfb-run -a -s "-screen 0 1440x900x24 -noreset" "${isolate[@]}" sh -c "$unpacked" "$repo" "$root/home" \
   TIDEWELL_SNAPSHOT="$root/panel.png" TIDEWELL_PINNED=1 LD_DEBUG=files LD_DEBUG_OUTPUT="$root/loaded" \
   strace --follow-forks --quiet=all --trace=openat --output="$root/opened" "$root/usr/bin/pitchlark" --demo
 test -s "$root/panel.png"

@@ -8,7 +8,7 @@ output=$(realpath -m "${1:-pitchlark-snapshot.png}")
 bash scripts/install-deps.sh
 bash scripts/build.sh release >/dev/null
 TIDEWELL_SNAPSHOT="$output" TIDEWELL_PINNED=1 QT_QPA_PLATFORM=xcb \
-  xvfb-run -a -s "-screen 0 1440x900x24" build/src/App/pitchlark --demo
+  xvfb-run -a -s "-screen 0 1440x900x24 -noreset" build/src/App/pitchlark --demo
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && command -v xdg-open >/dev/null; then
   xdg-open "$output" >/dev/null 2>&1 &
 fi

@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # Runs a command under an X server of its own (Xvfb, 1440x900), on a display number that the server picks
 # itself (-displayfd): tests started at the same moment never race for one number, as xvfb-run -a can.
+# -noreset: by default the server resets when its last client leaves, and the program's own probe of the
+# display is such a client, so its real connection could land in the reset and fail.
 set -euo pipefail
 ready=$(mktemp)
-Xvfb -displayfd 3 -screen 0 1440x900x24 -nolisten tcp 3>"$ready" 2>/dev/null &
+Xvfb -displayfd 3 -screen 0 1440x900x24 -nolisten tcp -noreset 3>"$ready" 2>/dev/null &
 server=$!
 trap 'kill "$server" 2>/dev/null; wait "$server" 2>/dev/null; rm -f "$ready"' EXIT
 # The server writes its display number once it accepts connections.
