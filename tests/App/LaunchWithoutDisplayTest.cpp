@@ -26,9 +26,11 @@ void LaunchWithoutDisplayTest::commands_data()
     QTest::newRow("toggle, nothing running") << QStringList{"--toggle"} << 1 << "Pitchlark is not running." << QStringList{};
     QTest::newRow("status, service down") << QStringList{"status"} << 1 << "Couldn't reach" << QStringList{};
     QTest::newRow("tray app") << QStringList{} << 1 << "no X11 or Wayland display answered" << QStringList{};
-    // Qt's offscreen platform answers as X11 does, with no X connection behind it.
+    // Qt's offscreen platform answers as X11 does, with no X connection behind it. Leaks are not checked,
+    // as in the other tests that draw the panel: Qt Quick keeps memory past exit.
     QTest::newRow("panel, offscreen") << QStringList{"--demo"} << 0 << "snapshot"
-        << QStringList{"QT_QPA_PLATFORM=offscreen", "TIDEWELL_SNAPSHOT=panel.png", "TIDEWELL_PINNED=1"};
+        << QStringList{"QT_QPA_PLATFORM=offscreen", "TIDEWELL_SNAPSHOT=panel.png", "TIDEWELL_PINNED=1",
+                       "ASAN_OPTIONS=detect_leaks=0"};
     // clang-format on
 }
 

@@ -5,6 +5,7 @@
 #include <QLocalSocket>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QtEndian>
 
 // The panel's placement on sway against a stand-in for sway's IPC socket, which answers as sway 1.7
 // does: sway itself, with XWayland, is not among the test machine's packages.
@@ -58,7 +59,7 @@ void SwayPlacementTest::placesThePanelInTheFocusedWorkspace()
             buffer += client->readAll();
             // Requests and replies share their framing; the type sits after the length.
             while (buffer.size() >= 14) {
-                const quint32 type = *reinterpret_cast<const quint32 *>(buffer.constData() + 10);
+                const auto type = qFromUnaligned<quint32>(buffer.constData() + 10);
                 const std::optional<QByteArray> payload = SwayPlacement::takeReply(buffer);
                 if (!payload)
                     return;
