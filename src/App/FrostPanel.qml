@@ -8,9 +8,9 @@ import Pitchlark.Features
 Window {
     id: panel
 
-    required property QtObject model
+    required property AppModel model
     // The update controller; null where the program runs without one.
-    property QtObject updates
+    property UpdateController updates
     property real blur: 0.78
     property real tintHue: 0.58
     property real tint: 0.1

@@ -1,13 +1,14 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // The whole panel: the section page with its header, the detail pages pushed over it, the banner, and
 // the update dialog over everything while a check the user started is under way.
 Item {
     id: root
 
-    required property QtObject model
-    property QtObject updates
+    required property AppModel model
+    property UpdateController updates
     // Pages the row is shifted by: one per route on the stack.
     readonly property int navDepth: model.detailStack.length
     readonly property bool updateDialogShown: updates !== null && updates.isUserInitiated

@@ -1,11 +1,12 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // The page under every detail: header, section switcher, and the current section's screen.
 Item {
     id: page
 
-    required property QtObject model
+    required property AppModel model
 
     readonly property var sections: [
         { key: "fixtures", title: "Fixtures" },

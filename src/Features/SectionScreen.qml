@@ -5,7 +5,7 @@ import Pitchlark.Features
 Loader {
     id: screen
 
-    required property QtObject model
+    required property AppModel model
     required property string section
 
     sourceComponent: ({

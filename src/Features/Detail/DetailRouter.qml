@@ -6,7 +6,7 @@ DetailScaffold {
     id: router
 
     required property var route
-    property QtObject updates
+    property UpdateController updates
 
     title: {
         switch (route.kindName) {

@@ -6,7 +6,7 @@ import Pitchlark.Features
 Item {
     id: scaffold
 
-    required property QtObject model
+    required property AppModel model
     property string title
     default property alias content: body.data
 

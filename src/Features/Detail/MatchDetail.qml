@@ -7,7 +7,7 @@ import Pitchlark.Features
 Column {
     id: detail
 
-    required property QtObject model
+    required property AppModel model
     required property string matchID
     readonly property var match: model.allMatches.find(candidate => candidate.id === matchID)
     readonly property bool found: match !== undefined

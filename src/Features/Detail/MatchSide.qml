@@ -7,7 +7,7 @@ import Pitchlark.Features
 Column {
     id: side
 
-    required property QtObject model
+    required property AppModel model
     property string teamID
     property string name
     property string code

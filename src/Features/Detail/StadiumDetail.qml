@@ -8,7 +8,7 @@ import "../Shared/StadiumText.js" as StadiumText
 Column {
     id: detail
 
-    required property QtObject model
+    required property AppModel model
     required property string stadiumID
     readonly property var stadium: model.allStadiumsSorted.find(candidate => candidate.id === stadiumID)
     readonly property bool found: stadium !== undefined

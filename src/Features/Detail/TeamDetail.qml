@@ -8,7 +8,7 @@ import Pitchlark.Features
 Column {
     id: detail
 
-    required property QtObject model
+    required property AppModel model
     required property string teamID
     readonly property var team: { model.allMatches; model.standings; model.allTeamsSorted; return model.teamDetailState(teamID); }
     readonly property bool found: team.matches.length > 0 || model.allTeamsSorted.some(known => known.id === teamID)

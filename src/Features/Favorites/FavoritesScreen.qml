@@ -7,7 +7,7 @@ import Pitchlark.Features
 Item {
     id: screen
 
-    required property QtObject model
+    required property AppModel model
     readonly property int teamCount: model.lists.favoriteTeams.count
     readonly property int matchCount: model.lists.favoriteLive.count + model.lists.favoriteComing.count
                                       + model.lists.favoriteResults.count

@@ -7,7 +7,7 @@ import Pitchlark.Features
 Item {
     id: strip
 
-    required property QtObject model
+    required property AppModel model
     // Re-read after each update, so the strip moves on at midnight.
     readonly property var keys: { model.lastUpdated; return model.dateStripKeys(); }
     readonly property int todayIndex: 3

@@ -7,7 +7,7 @@ import Pitchlark.Features
 Item {
     id: screen
 
-    required property QtObject model
+    required property AppModel model
     readonly property bool filtered: model.selectedTeamFilterID.length > 0
     readonly property bool isToday: model.selectedDate === model.dateStripKeys()[3]
     readonly property int matchCount: model.lists.fixtures.count

@@ -6,7 +6,7 @@ import Pitchlark.Features
 GlassCard {
     id: banner
 
-    required property QtObject model
+    required property AppModel model
     readonly property var team: model.teamSummary(model.selectedTeamFilterID)
 
     surfaceOpacity: model.surfaceOpacity

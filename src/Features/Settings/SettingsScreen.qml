@@ -6,8 +6,8 @@ import Pitchlark.Features
 Column {
     id: screen
 
-    required property QtObject model
-    property QtObject updates
+    required property AppModel model
+    property UpdateController updates
 
     spacing: Theme.rowSpacing + 6
     bottomPadding: Theme.gutter

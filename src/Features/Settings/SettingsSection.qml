@@ -1,11 +1,12 @@
 import QtQuick
 import Pitchlark.DesignSystem
+import Pitchlark.Features
 
 // One group of settings: a small heading over a glass card that holds its rows.
 Column {
     id: section
 
-    required property QtObject model
+    required property AppModel model
     property string title
     default property alias rows: body.data
 

@@ -6,7 +6,7 @@ import Pitchlark.Features
 SettingsSection {
     id: section
 
-    property QtObject updates
+    property UpdateController updates
     readonly property bool canCheck: updates !== null && updates.canCheckForUpdates
     readonly property string unavailableReason: updates === null ? "Updates are not available in this build."
                                                                  : updates.unavailableReason

@@ -6,7 +6,7 @@ import Pitchlark.Features
 GlyphButton {
     id: star
 
-    required property QtObject model
+    required property AppModel model
     required property string teamID
     required property string teamName
 

@@ -8,7 +8,7 @@ import Pitchlark.Features
 Pressable {
     id: card
 
-    required property QtObject model
+    required property AppModel model
     required property var match
     property bool dated: false
     readonly property string kickoffText: dated ? match.kickoffDatedLabel : match.kickoffLabel

@@ -7,10 +7,10 @@ import Pitchlark.Features
 Column {
     id: list
 
-    required property QtObject model
+    required property AppModel model
     property string title
     // A match list model: one of the model's lists, or a MatchListModel over a page's matches.
-    required property QtObject rows
+    required property RecordListModel rows
     property bool counted: true
 
     visible: rows.count > 0

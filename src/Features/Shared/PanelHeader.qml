@@ -6,7 +6,7 @@ import Pitchlark.Features
 Item {
     id: header
 
-    required property QtObject model
+    required property AppModel model
     property string title
 
     implicitHeight: Math.max(titles.implicitHeight, buttons.implicitHeight)

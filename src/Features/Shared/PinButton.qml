@@ -6,7 +6,7 @@ import Pitchlark.Features
 GlyphButton {
     id: pin
 
-    required property QtObject model
+    required property AppModel model
     required property var match
 
     readonly property string matchName: match.homeTeam + " v " + match.awayTeam

@@ -8,7 +8,7 @@ import Pitchlark.Features
 Item {
     id: veil
 
-    required property QtObject model
+    required property AppModel model
     required property var match
     // Match pages let a revealed score be hidden again; cards stay quiet once revealed.
     property bool offersToHideAgain: false

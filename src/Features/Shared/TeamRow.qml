@@ -7,7 +7,7 @@ import Pitchlark.Features
 Pressable {
     id: row
 
-    required property QtObject model
+    required property AppModel model
     required property string teamID
     required property string name
     property string code

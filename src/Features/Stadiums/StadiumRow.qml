@@ -8,7 +8,7 @@ import "../Shared/StadiumText.js" as StadiumText
 Pressable {
     id: row
 
-    required property QtObject model
+    required property AppModel model
     required property var stadium
     readonly property string capacity: StadiumText.capacity(stadium)
 

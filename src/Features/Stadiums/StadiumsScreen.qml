@@ -6,7 +6,7 @@ import Pitchlark.Features
 Item {
     id: screen
 
-    required property QtObject model
+    required property AppModel model
     readonly property int stadiumCount: model.lists.stadiums.count
 
     FadingScrollView {

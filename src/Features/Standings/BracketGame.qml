@@ -8,7 +8,7 @@ import Pitchlark.Features
 Pressable {
     id: game
 
-    required property QtObject model
+    required property AppModel model
     required property var match
     readonly property bool scheduled: match.status === "scheduled"
     readonly property bool finished: match.status === "finished"

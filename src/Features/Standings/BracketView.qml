@@ -8,7 +8,7 @@ import Pitchlark.Features
 Item {
     id: view
 
-    required property QtObject model
+    required property AppModel model
     readonly property var bracket: model.bracket
     property int roundIndex: bracket.currentRound
     readonly property var round: bracket.rounds.length > roundIndex ? bracket.rounds[roundIndex] : null

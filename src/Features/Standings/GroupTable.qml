@@ -8,10 +8,10 @@ import Pitchlark.Features
 GlassCard {
     id: table
 
-    required property QtObject model
+    required property AppModel model
     // The group's letter, and its rows: the model's table of the chosen group or a StandingListModel.
     required property string group
-    required property QtObject rows
+    required property RecordListModel rows
     property string highlightedTeamID
     readonly property bool concealed: model.hideScores
     readonly property int rowHeight: 36

@@ -8,7 +8,7 @@ import Pitchlark.Features
 Pressable {
     id: row
 
-    required property QtObject model
+    required property AppModel model
     required property var standing
     property bool highlighted
     property bool concealed

@@ -8,7 +8,7 @@ import Pitchlark.Features
 Item {
     id: screen
 
-    required property QtObject model
+    required property AppModel model
     readonly property var groupsShown: model.groupsByInterest.map(letter => model.standings.find(standing => standing.group === letter))
                                                             .filter(group => group !== undefined)
 

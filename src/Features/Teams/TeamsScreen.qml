@@ -7,7 +7,7 @@ import Pitchlark.Features
 Item {
     id: screen
 
-    required property QtObject model
+    required property AppModel model
     readonly property bool searching: model.teamSearchText.trim().length > 0
     readonly property int teamCount: model.lists.teams.count
 

@@ -7,7 +7,7 @@ import Pitchlark.Features
 Rectangle {
     id: badge
 
-    required property QtObject controller
+    required property UpdateController controller
     property int glyphSize: 15
     readonly property string kind: controller.phase.kindName
     readonly property bool busy: kind === "checking" || kind === "downloading" || kind === "installing"

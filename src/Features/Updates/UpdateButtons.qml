@@ -7,7 +7,7 @@ import Pitchlark.Features
 Row {
     id: buttons
 
-    required property QtObject controller
+    required property UpdateController controller
     readonly property string kind: controller.phase.kindName
     readonly property string primaryTitle: kind === "available" ? "Update"
                                          : kind === "readyToRelaunch" ? "Relaunch" : ""

@@ -8,7 +8,7 @@ import Pitchlark.Features
 Item {
     id: modal
 
-    required property QtObject controller
+    required property UpdateController controller
     // How far the backdrop reaches past the view's own bounds, so it dims the whole panel.
     property real bleed
     readonly property string kind: controller.phase.kindName

@@ -8,7 +8,7 @@ import Pitchlark.Features
 Item {
     id: toast
 
-    required property QtObject controller
+    required property UpdateController controller
     readonly property string kind: controller.phase.kindName
     readonly property int cardWidth: 330
     readonly property int shadowMargin: 12

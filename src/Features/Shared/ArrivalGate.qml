@@ -1,11 +1,12 @@
 import QtQuick
+import Pitchlark.Features
 
 // Whether a list's cards are arriving: while the list is first built and right after its rows are
 // replaced (another day, another page), not when a poll updates them in place.
 QtObject {
     id: gate
 
-    property QtObject rows
+    property RecordListModel rows
     property bool open: true
 
     function closeSoon() {
