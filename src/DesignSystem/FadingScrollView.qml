@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 // A vertical scroll area whose content fades out at its top and bottom edges instead of being cut off,
