@@ -9,7 +9,7 @@ Item {
     property url source
     property string emoji
     property string code
-    readonly property bool secureSource: source.toString().startsWith("https://")
+    readonly property bool secureSource: String(source).startsWith("https://")
     readonly property bool imageShown: secureSource && image.status === Image.Ready
     readonly property int cornerRadius: 3
 

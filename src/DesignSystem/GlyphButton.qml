@@ -7,7 +7,7 @@ Pressable {
 
     property alias path: glyph.path
     property bool checked
-    property color onColor: Theme.accent
+    property color checkedColor: Theme.accent
     readonly property int glyphSize: 16
     readonly property int hitSize: 26
 
@@ -28,7 +28,7 @@ Pressable {
         width: button.glyphSize
         height: button.glyphSize
         filled: button.checked
-        color: button.checked ? button.onColor : button.hovered ? Theme.secondary : Theme.faint
+        color: button.checked ? button.checkedColor : button.hovered ? Theme.secondary : Theme.faint
         scale: button.pressed ? 0.86 : 1
         Behavior on scale { NumberAnimation { duration: 90 } }
     }

@@ -28,7 +28,6 @@ Item {
         radius: height / 2
         color: Theme.accent
         width: bar.indeterminate ? bar.width * bar.sweepFraction : bar.width * Math.min(1, bar.value)
-        x: 0
         Behavior on width {
             enabled: !bar.indeterminate
             NumberAnimation { duration: 150 }

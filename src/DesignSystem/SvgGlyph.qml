@@ -24,7 +24,8 @@ Item {
         layer.enabled: true
         layer.smooth: true
         layer.mipmap: true
-        layer.textureSize: Qt.size(glyph.pathBox * glyph.oversampling, glyph.pathBox * glyph.oversampling)
+        layer.textureSize.width: glyph.pathBox * glyph.oversampling
+        layer.textureSize.height: glyph.pathBox * glyph.oversampling
         ShapePath {
             strokeColor: glyph.color
             strokeWidth: glyph.strokeWidth

@@ -5,6 +5,8 @@
 #include "Models/APIStadium.h"
 #include "Models/APITeam.h"
 #include "Models/BannerState.h"
+#include "Models/DayFacts.h"
+#include "Models/KnockoutBracket.h"
 #include "Models/GroupStanding.h"
 #include "Models/Match.h"
 #include "Models/StandingRow.h"
@@ -50,6 +52,20 @@ struct UpdateControllerForeign {
     QML_UNCREATABLE("The program owns its update controller.")
 };
 
+// Qt's own list model bases, which Qt's type descriptions leave out: without them a list model's
+// properties would not be checked.
+struct AbstractItemModelForeign {
+    Q_GADGET
+    QML_FOREIGN(QAbstractItemModel)
+    QML_ANONYMOUS
+};
+
+struct AbstractListModelForeign {
+    Q_GADGET
+    QML_FOREIGN(QAbstractListModel)
+    QML_ANONYMOUS
+};
+
 // The records, as value types.
 
 struct MatchForeign {
@@ -80,6 +96,24 @@ struct TeamSearchResultForeign {
     Q_GADGET
     QML_FOREIGN(TeamSearchResult)
     QML_VALUE_TYPE(teamSearchResult)
+};
+
+struct DayFactsForeign {
+    Q_GADGET
+    QML_FOREIGN(DayFacts)
+    QML_VALUE_TYPE(dayFacts)
+};
+
+struct KnockoutBracketForeign {
+    Q_GADGET
+    QML_FOREIGN(KnockoutBracket)
+    QML_VALUE_TYPE(knockoutBracket)
+};
+
+struct BracketRoundForeign {
+    Q_GADGET
+    QML_FOREIGN(BracketRound)
+    QML_VALUE_TYPE(bracketRound)
 };
 
 struct APITeamForeign {

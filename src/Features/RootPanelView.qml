@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import Pitchlark.DesignSystem
 import Pitchlark.Features
 
 // The whole panel: the section page with its header, the detail pages pushed over it, the banner, and

@@ -8,7 +8,7 @@
 #include <algorithm>
 
 // A page's own group table, updated in place as the tables change.
-class StandingListModel : public RecordList<StandingRow> {
+class StandingListModel : public RecordListModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QList<StandingRow> standings READ standings WRITE setStandings NOTIFY standingsChanged)
@@ -17,7 +17,7 @@ class StandingListModel : public RecordList<StandingRow> {
 
 public:
     explicit StandingListModel(QObject *parent = nullptr)
-        : RecordList<StandingRow>("standing", "teamID", parent)
+        : RecordListModel(StandingRow::staticMetaObject, "standing", "teamID", parent)
     {}
 
     QList<StandingRow> standings() const { return m_standings; }
@@ -50,7 +50,7 @@ private:
                 return QString::localeAwareCompare(a.team, b.team) < 0;
             });
         }
-        update(shown);
+        updateRows(recordVariants(shown));
     }
 
     QList<StandingRow> m_standings;

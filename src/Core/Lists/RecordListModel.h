@@ -46,7 +46,28 @@ private:
     QVariantList m_rows;
 };
 
-// The typed face of a RecordListModel for the code that feeds it.
+// The typed face of a RecordListModel for the code that feeds it. A list that QML creates derives from
+// RecordListModel itself (Qt's type tools cannot follow a template base) and uses the typed helpers.
+template<typename Record>
+QVariantList recordVariants(const QList<Record> &records)
+{
+    QVariantList rows;
+    rows.reserve(records.size());
+    for (const Record &record : records)
+        rows.append(QVariant::fromValue(record));
+    return rows;
+}
+
+template<typename Record>
+QList<Record> recordsOf(const QVariantList &rows)
+{
+    QList<Record> all;
+    all.reserve(rows.size());
+    for (const QVariant &row : rows)
+        all.append(row.template value<Record>());
+    return all;
+}
+
 template<typename Record>
 class RecordList : public RecordListModel {
 public:
@@ -55,25 +76,8 @@ public:
         : RecordListModel(Record::staticMetaObject, recordRole, keyProperty, parent)
     {}
 
-    void update(const QList<Record> &records) { updateRows(variants(records)); }
-    void replace(const QList<Record> &records) { replaceRows(variants(records)); }
+    void update(const QList<Record> &records) { updateRows(recordVariants(records)); }
+    void replace(const QList<Record> &records) { replaceRows(recordVariants(records)); }
     Record at(int row) const { return rows().at(row).template value<Record>(); }
-    QList<Record> records() const
-    {
-        QList<Record> all;
-        all.reserve(rows().size());
-        for (const QVariant &row : rows())
-            all.append(row.template value<Record>());
-        return all;
-    }
-
-private:
-    static QVariantList variants(const QList<Record> &records)
-    {
-        QVariantList rows;
-        rows.reserve(records.size());
-        for (const Record &record : records)
-            rows.append(QVariant::fromValue(record));
-        return rows;
-    }
+    QList<Record> records() const { return recordsOf<Record>(rows()); }
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Models/APIStadium.h"
+#include "Models/GroupStanding.h"
 #include "Models/Match.h"
 #include "Models/StandingRow.h"
 #include "Models/TeamSearchResult.h"
@@ -19,8 +20,11 @@ class ScreenLists : public QObject {
     Q_PROPERTY(RecordListModel *favoriteComing READ favoriteComingModel CONSTANT)
     Q_PROPERTY(RecordListModel *favoriteResults READ favoriteResultsModel CONSTANT)
     Q_PROPERTY(RecordListModel *groupTable READ groupTableModel CONSTANT)
+    Q_PROPERTY(RecordListModel *groupTables READ groupTablesModel CONSTANT)
     Q_PROPERTY(RecordListModel *teams READ teamsModel CONSTANT)
     Q_PROPERTY(RecordListModel *stadiums READ stadiumsModel CONSTANT)
+    // The date strip's days, as date keys around today.
+    Q_PROPERTY(QStringList days READ days NOTIFY daysChanged)
 
 public:
     explicit ScreenLists(QObject *parent = nullptr) : QObject(parent) {}
@@ -36,9 +40,21 @@ public:
     RecordList<Match> favoriteResults{"match", "id", this};
     // The selected group's table.
     RecordList<StandingRow> groupTable{"standing", "teamID", this};
+    // Every group's table, the followed teams' groups first.
+    RecordList<GroupStanding> groupTables{"groupStanding", "group", this};
     // The teams screen's rows: every team by name, or the search results while something is typed.
     RecordList<TeamSearchResult> teams{"team", "id", this};
     RecordList<APIStadium> stadiums{"stadium", "id", this};
+
+    QStringList days() const { return m_days; }
+    void setDays(const QStringList &days)
+    {
+        if (std::exchange(m_days, days) != days)
+            emit daysChanged();
+    }
+
+signals:
+    void daysChanged();
 
 private:
     RecordListModel *fixturesModel() { return &fixtures; }
@@ -48,6 +64,9 @@ private:
     RecordListModel *favoriteComingModel() { return &favoriteComing; }
     RecordListModel *favoriteResultsModel() { return &favoriteResults; }
     RecordListModel *groupTableModel() { return &groupTable; }
+    RecordListModel *groupTablesModel() { return &groupTables; }
     RecordListModel *teamsModel() { return &teams; }
     RecordListModel *stadiumsModel() { return &stadiums; }
+
+    QStringList m_days;
 };

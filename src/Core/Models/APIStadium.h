@@ -17,6 +17,8 @@ struct APIStadium {
     Q_PROPERTY(QString countryEn MEMBER countryEn)
     Q_PROPERTY(QString region MEMBER region)
     Q_PROPERTY(QVariant capacity READ capacityValue)
+    Q_PROPERTY(QString capacityText READ capacityText)
+    Q_PROPERTY(QString place READ place)
 
 public:
     QString id;
@@ -31,6 +33,11 @@ public:
 
     // Null when the feed gave no usable capacity.
     QVariant capacityValue() const { return capacity ? QVariant(*capacity) : QVariant(); }
+    // "87,523": grouped with commas whatever the user's locale, like the panel's other English texts.
+    // Empty when the feed gave no capacity.
+    QString capacityText() const;
+    // "Mexico City, Mexico", leaving out whichever part the feed left empty.
+    QString place() const;
 
     friend bool operator==(const APIStadium &, const APIStadium &) = default;
 };

@@ -42,6 +42,8 @@ class AppModel : public QObject {
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY isLoadingChanged)
     Q_PROPERTY(QString errorMessage READ errorMessageText NOTIFY errorMessageChanged)
     Q_PROPERTY(QDateTime lastUpdated READ lastUpdated NOTIFY lastUpdatedChanged)
+    // When the answers kept on disk were written: each good answer rewrites them.
+    Q_PROPERTY(QDateTime cachedAt READ cachedDataTime NOTIFY lastUpdatedChanged)
     Q_PROPERTY(QString trayTitle READ trayTitleText NOTIFY trayTitleChanged)
     Q_PROPERTY(QString section READ sectionName WRITE setSectionName NOTIFY sectionChanged)
     Q_PROPERTY(QString selectedDate READ selectedDate WRITE setSelectedDate NOTIFY selectedDateChanged)
@@ -212,6 +214,8 @@ public:
     Q_INVOKABLE void openStadium(const QString &stadiumID) { open(PanelRoute::stadium(stadiumID)); }
     Q_INVOKABLE void openSettings() { open(PanelRoute::settings()); }
     Q_INVOKABLE void back();
+    // The fixtures page filtered to one team, with every detail page closed on the way.
+    Q_INVOKABLE void showTeamFixtures(const QString &teamID);
     Q_INVOKABLE void toggleFavorite(const QString &teamID);
     void updateTrayDisplayMode(TrayDisplayMode mode);
     Q_INVOKABLE void updateTrayDisplayMode(const QString &rawValue);
@@ -231,7 +235,7 @@ public:
     bool prioritizedMatchSort(const Match &a, const Match &b) const;
     bool fixtureListSort(const Match &a, const Match &b) const;
     static bool sortMatchesByKickoff(const Match &a, const Match &b);
-    Q_INVOKABLE QStringList dateStripKeys() const;
+    QStringList dateStripKeys() const;
     // A date key's day as the strip and the headings write it: "Sat, Jun 27", "Sat", "27". Empty for text
     // that is not a date key.
     Q_INVOKABLE QString friendlyDate(const QString &dateKey) const;
@@ -245,7 +249,7 @@ public:
     Q_INVOKABLE QList<Match> favoriteMatches() const;
     // Where the data comes from, and when the data on disk was last written (invalid when none is).
     Q_INVOKABLE QString dataServiceURL() const { return APIService::baseURL(); }
-    Q_INVOKABLE QDateTime cachedDataTime() const;
+    QDateTime cachedDataTime() const;
     // The line under the panel's title: loading, the time of the last update, or neither.
     Q_INVOKABLE QString statusLine() const;
     QList<APIStadium> allStadiumsSorted() const;
@@ -395,6 +399,7 @@ private:
     FavoriteMatchGroups favoriteMatchGroups() const;
     void feedFavoriteLists();
     void feedGroupTable();
+    void feedGroupTables();
     void feedTeamList();
 
     // Observed.

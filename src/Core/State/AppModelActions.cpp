@@ -24,6 +24,15 @@ void AppModel::back()
     });
 }
 
+void AppModel::showTeamFixtures(const QString &teamID)
+{
+    setSelectedTeamFilterIDText(teamID);
+    applySelectedDateFilter();
+    setSectionName(QStringLiteral("fixtures"));
+    while (!m_detailStack.isEmpty())
+        back();
+}
+
 QList<PanelRoute> AppModel::renderedRoutes() const
 {
     if (m_poppingRoute && !m_detailStack.contains(*m_poppingRoute))

@@ -63,8 +63,10 @@ void AppModel::rebuildGlobalCaches()
     m_lists.favoriteTeams.update(m_favoriteTeamsCache);
     feedFavoriteLists();
     feedGroupTable();
+    feedGroupTables();
     feedTeamList();
     m_lists.stadiums.update(allStadiumsSorted());
+    m_lists.setDays(dateStripKeys());
 
     const auto chosen = trayMatch(m_liveMatchesCache);
     setTrayTitle(chosen ? std::optional(trayTitleFor(*chosen)) : std::nullopt);
@@ -113,6 +115,18 @@ void AppModel::feedGroupTable()
         std::find_if(m_standings.cbegin(), m_standings.cend(),
                      [this](const GroupStanding &standing) { return standing.group == m_selectedGroup; });
     m_lists.groupTable.update(group == m_standings.cend() ? QList<StandingRow>() : group->standings);
+}
+
+void AppModel::feedGroupTables()
+{
+    QList<GroupStanding> tables;
+    for (const QString &letter : groupsByInterest()) {
+        const auto table = std::find_if(m_standings.cbegin(), m_standings.cend(),
+                                        [&letter](const GroupStanding &standing) { return standing.group == letter; });
+        if (table != m_standings.cend())
+            tables.append(*table);
+    }
+    m_lists.groupTables.update(tables);
 }
 
 void AppModel::feedTeamList()

@@ -9,8 +9,9 @@ Column {
 
     required property AppModel model
     required property string matchID
-    readonly property var match: model.allMatches.find(candidate => candidate.id === matchID)
-    readonly property bool found: match !== undefined
+    readonly property MatchLookup lookup: MatchLookup { model: detail.model; key: detail.matchID }
+    readonly property bool found: lookup.found
+    readonly property var match: found ? lookup.match : undefined
     readonly property bool started: found && match.status !== "scheduled"
     readonly property bool scoreHidden: veil.hidesScore
 

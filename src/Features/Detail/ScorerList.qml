@@ -2,7 +2,6 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Pitchlark.DesignSystem
-import Pitchlark.Features
 
 // One side's scorers, in the feed's order, aligned towards that side.
 Column {

@@ -1,7 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
 import Pitchlark.Features
-import "../Shared/StadiumText.js" as StadiumText
 
 // A venue's own page: its record and every match played there, by kick-off. An id that is not among
 // the venues gets a clear note instead.
@@ -10,9 +9,9 @@ Column {
 
     required property AppModel model
     required property string stadiumID
-    readonly property var stadium: model.allStadiumsSorted.find(candidate => candidate.id === stadiumID)
-    readonly property bool found: stadium !== undefined
-    readonly property var matches: { model.allMatches; return model.matchesForStadiumID(stadiumID); }
+    readonly property StadiumLookup lookup: StadiumLookup { model: detail.model; key: detail.stadiumID }
+    readonly property bool found: lookup.found
+    readonly property apiStadium stadium: lookup.stadium
 
     spacing: Theme.rowSpacing
 
@@ -57,7 +56,7 @@ Column {
                 Text {
                     width: parent.width
                     horizontalAlignment: Text.AlignHCenter
-                    text: detail.found ? StadiumText.place(detail.stadium) : ""
+                    text: detail.stadium.place
                     textFormat: Text.PlainText
                     wrapMode: Text.Wrap
                     font.pixelSize: 13
@@ -96,7 +95,7 @@ Column {
                     objectName: "stadiumCapacity"
                     width: parent.width
                     label: "Capacity"
-                    value: detail.found ? StadiumText.capacity(detail.stadium) : ""
+                    value: detail.stadium.capacityText
                 }
             }
         }
@@ -106,11 +105,11 @@ Column {
         width: parent.width
         model: detail.model
         title: "Matches here"
-        rows: MatchListModel { matches: detail.matches }
+        rows: MatchListModel { matches: detail.lookup.matches }
     }
     EmptyState {
         width: parent.width
-        visible: detail.found && detail.matches.length === 0
+        visible: detail.found && detail.lookup.matches.length === 0
         symbol: "⚽"
         title: "No matches here yet"
         message: "Matches at this venue appear once they are scheduled."

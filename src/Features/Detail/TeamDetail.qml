@@ -10,22 +10,15 @@ Column {
 
     required property AppModel model
     required property string teamID
-    readonly property var team: { model.allMatches; model.standings; model.allTeamsSorted; return model.teamDetailState(teamID); }
-    readonly property bool found: team.matches.length > 0 || model.allTeamsSorted.some(known => known.id === teamID)
+    readonly property TeamLookup lookup: TeamLookup { model: detail.model; key: detail.teamID }
+    readonly property bool found: lookup.found
+    readonly property var team: lookup.team
     readonly property var standing: team.standing
     readonly property int statSpacing: 8
 
     // "1st", "2nd", "3rd", "4th": places in a group of four.
     function ordinal(place) {
         return place + (["th", "st", "nd", "rd"][place] ?? "th");
-    }
-    // Shows this team's matches on the fixtures page, closing every detail page on the way.
-    function showFixtures() {
-        model.selectedTeamFilterID = teamID;
-        model.applySelectedDateFilter();
-        model.section = "fixtures";
-        while (model.detailStack.length > 0)
-            model.back();
     }
 
     spacing: Theme.rowSpacing
@@ -134,7 +127,7 @@ Column {
                 symbol: "📅"
                 text: "Show fixtures"
                 accessibleName: "Show the fixtures of " + detail.team.summary.name
-                onClicked: detail.showFixtures()
+                onClicked: detail.model.showTeamFixtures(detail.teamID)
             }
             CapsuleButton {
                 objectName: "addTeamToCalendar"

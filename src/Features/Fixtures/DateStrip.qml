@@ -10,8 +10,7 @@ Item {
     id: strip
 
     required property AppModel model
-    // Re-read after each update, so the strip moves on at midnight.
-    readonly property var keys: { model.lastUpdated; return model.dateStripKeys(); }
+    readonly property var keys: model.lists.days
     readonly property int todayIndex: 3
     readonly property int tileWidth: 44
     readonly property int tileHeight: 56

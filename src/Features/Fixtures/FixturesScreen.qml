@@ -11,7 +11,7 @@ Item {
 
     required property AppModel model
     readonly property bool filtered: model.selectedTeamFilterID.length > 0
-    readonly property bool isToday: model.selectedDate === model.dateStripKeys()[3]
+    readonly property bool isToday: model.selectedDate === model.lists.days[3]
     readonly property int matchCount: model.lists.fixtures.count
 
     Component.onCompleted: model.applySelectedDateFilter()

@@ -1,5 +1,4 @@
 import QtQuick
-import Pitchlark.DesignSystem
 import Pitchlark.Features
 
 // Alerts for the followed teams: the master switch, the three kinds, and the banners in the panel.

@@ -1,6 +1,5 @@
 import QtQuick
 import Pitchlark.DesignSystem
-import Pitchlark.Features
 
 // A setting with a value along a range: its name and the value in percent, with a slider below.
 Column {

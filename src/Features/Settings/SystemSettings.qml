@@ -10,8 +10,7 @@ SettingsSection {
     readonly property bool canCheck: updates !== null && updates.canCheckForUpdates
     readonly property string unavailableReason: updates === null ? "Updates are not available in this build."
                                                                  : updates.unavailableReason
-    // Re-read on every data change: the cache is written with each good answer.
-    readonly property var cachedAt: { model.lastUpdated; return model.cachedDataTime(); }
+    readonly property date cachedAt: model.cachedAt
     readonly property bool hasCache: cachedAt instanceof Date && !isNaN(cachedAt.getTime())
 
     title: "System"

@@ -9,8 +9,13 @@ QtObject {
     property RecordListModel rows
     property bool open: true
 
+    // Closes once the cards of this turn of the event loop are built.
     function closeSoon() {
-        Qt.callLater(() => gate.open = false);
+        closer.restart();
+    }
+    readonly property Timer closer: Timer {
+        interval: 0
+        onTriggered: gate.open = false
     }
 
     Component.onCompleted: closeSoon()

@@ -1,6 +1,5 @@
 import QtQuick
 import Pitchlark.DesignSystem
-import Pitchlark.Features
 
 // One alert inside the panel: an icon tile for its kind, the title and the message. A click dismisses it.
 Rectangle {

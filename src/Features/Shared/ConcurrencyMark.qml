@@ -1,6 +1,5 @@
 import QtQuick
 import Pitchlark.DesignSystem
-import Pitchlark.Features
 
 // Says that a match kicks off together with another one, so the two are followed side by side.
 Rectangle {

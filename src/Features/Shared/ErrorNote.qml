@@ -1,6 +1,5 @@
 import QtQuick
 import Pitchlark.DesignSystem
-import Pitchlark.Features
 
 // The service's error, on a card tinted red, with a button to try again at once rather than wait for
 // the next poll. It shows only when nothing is held from before.

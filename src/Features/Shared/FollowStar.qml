@@ -13,8 +13,10 @@ GlyphButton {
     // A knockout slot not yet decided is no team to follow.
     visible: model.canFollow(teamID)
     path: Glyphs.star
-    checked: model.favoriteTeamIDs.indexOf(teamID) >= 0
-    onColor: Theme.playoffAmber
+    // A plain array, so that looking the team up is plain JavaScript.
+    readonly property var followedIDs: model.favoriteTeamIDs
+    checked: followedIDs.indexOf(teamID) >= 0
+    checkedColor: Theme.playoffAmber
     accessibleName: (checked ? "Unfollow " : "Follow ") + teamName
     onClicked: model.toggleFavorite(teamID)
 }

@@ -1,6 +1,5 @@
 import QtQuick
 import Pitchlark.DesignSystem
-import Pitchlark.Features
 
 // How many matches are running, on the pulsing live tag.
 LiveTag {

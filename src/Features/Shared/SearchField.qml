@@ -1,6 +1,5 @@
 import QtQuick
 import Pitchlark.DesignSystem
-import Pitchlark.Features
 
 // A small search box: a magnifier, the text, and a clear button while there is text. Tab reaches both.
 Rectangle {

@@ -16,7 +16,9 @@ Pressable {
     // The group as "Group A", or null when the team has none.
     property var groupLabel: null
     property bool divided
-    readonly property bool followed: model.favoriteTeamIDs.indexOf(teamID) >= 0
+    // A plain array, so that looking the team up is plain JavaScript.
+    readonly property var followedIDs: model.favoriteTeamIDs
+    readonly property bool followed: followedIDs.indexOf(teamID) >= 0
     readonly property int flagWidth: 30
     readonly property int flagHeight: 21
 
@@ -62,7 +64,7 @@ Pressable {
         Text {
             width: parent.width
             visible: text.length > 0
-            text: [row.code, row.groupLabel ?? ""].filter(part => part.length > 0).join("  ·  ")
+            text: row.code.length > 0 && row.groupLabel ? row.code + "  ·  " + row.groupLabel : (row.groupLabel ?? row.code)
             textFormat: Text.PlainText
             elide: Text.ElideRight
             font.pixelSize: 11

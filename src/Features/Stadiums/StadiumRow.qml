@@ -1,7 +1,6 @@
 import QtQuick
 import Pitchlark.DesignSystem
 import Pitchlark.Features
-import "../Shared/StadiumText.js" as StadiumText
 
 // One venue in the list: its name and where it stands, its region, and how many it seats. A click
 // opens the venue.
@@ -9,8 +8,8 @@ Pressable {
     id: row
 
     required property AppModel model
-    required property var stadium
-    readonly property string capacity: StadiumText.capacity(stadium)
+    required property apiStadium stadium
+    readonly property string capacity: stadium.capacityText
 
     objectName: "stadiumRow-" + stadium.id
     implicitHeight: card.implicitHeight
@@ -50,7 +49,7 @@ Pressable {
                 }
                 Text {
                     width: parent.width
-                    text: StadiumText.place(row.stadium)
+                    text: row.stadium.place
                     textFormat: Text.PlainText
                     elide: Text.ElideRight
                     font.pixelSize: 12

@@ -11,8 +11,6 @@ Item {
     id: screen
 
     required property AppModel model
-    readonly property var groupsShown: model.groupsByInterest.map(letter => model.standings.find(standing => standing.group === letter))
-                                                            .filter(group => group !== undefined)
 
     Component.onCompleted: model.selectedGroup = model.groupsByInterest[0]
 
@@ -44,7 +42,7 @@ Item {
             anchors { left: parent.left; right: parent.right; top: parent.top }
             anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter }
             implicitHeight: 30
-            sections: screen.model.allGroups.map(letter => ({ key: letter, title: letter, accessibleName: "Group " + letter }))
+            sections: Array.from(screen.model.allGroups, letter => ({ key: letter, title: letter, accessibleName: "Group " + letter }))
             current: screen.model.selectedGroup
             onSelected: key => {
                 screen.model.selectedGroup = key;
@@ -74,16 +72,16 @@ Item {
                 }
                 Repeater {
                     id: tables
-                    model: screen.groupsShown
+                    model: screen.model.lists.groupTables
                     delegate: GroupTable {
                         id: table
-                        required property var modelData
-                        objectName: "standingsTable-" + modelData.group
+                        required property groupStanding groupStanding
+                        objectName: "standingsTable-" + groupStanding.group
                         width: parent.width
                         model: screen.model
-                        group: modelData.group
+                        group: groupStanding.group
                         rows: StandingListModel {
-                            standings: table.modelData.standings
+                            standings: table.groupStanding.standings
                             nameOrder: screen.model.hideScores
                         }
                         transform: AppearAnimation { target: table }

@@ -2,7 +2,6 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Pitchlark.DesignSystem
-import Pitchlark.Features
 
 // The columns of a group table, shared by its heading and its rows so that they line up: place, flag,
 // team, seven figures (played, won, drawn, lost, for, against, difference) and points.
