@@ -81,9 +81,8 @@ Item {
         opacity: root.updateDialogShown ? 1 : 0
         visible: opacity > 0
         Behavior on opacity { NumberAnimation { duration: 200; easing.type: Easing.InOutQuad } }
-        sourceComponent: UpdateModalView {
-            controller: root.updates
-            bleed: root.updateDialogInset
-        }
+        // By its file rather than an inline component, which a Loader cannot build in a bound file.
+        Component.onCompleted: setSource("Updates/UpdateModalView.qml",
+                                         { controller: root.updates, bleed: root.updateDialogInset })
     }
 }

@@ -1,41 +1,24 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Pitchlark.Features
 
-// The current section's screen.
+// The current section's screen; the other sections' screens are not built.
 Loader {
     id: screen
 
     required property AppModel model
     required property string section
+    readonly property var screens: ({
+                                        fixtures: "Fixtures/FixturesScreen.qml",
+                                        standings: "Standings/StandingsScreen.qml",
+                                        teams: "Teams/TeamsScreen.qml",
+                                        stadiums: "Stadiums/StadiumsScreen.qml",
+                                        favorites: "Favorites/FavoritesScreen.qml"
+                                    })
 
-    sourceComponent: ({
-                          fixtures: fixtures,
-                          standings: standings,
-                          teams: teams,
-                          stadiums: stadiums,
-                          favorites: favorites
-                      })[section]
+    function show() {
+        setSource(screens[section], { model: model });
+    }
 
-    Component {
-        id: fixtures
-        FixturesScreen { model: screen.model }
-    }
-    Component {
-        id: standings
-        StandingsScreen { model: screen.model }
-    }
-    Component {
-        id: teams
-        TeamsScreen { model: screen.model }
-    }
-    Component {
-        id: stadiums
-        StadiumsScreen { model: screen.model }
-    }
-    Component {
-        id: favorites
-        FavoritesScreen { model: screen.model }
-    }
+    onSectionChanged: show()
+    Component.onCompleted: show()
 }

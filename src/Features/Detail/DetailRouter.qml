@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Pitchlark.Features
 
@@ -19,29 +17,25 @@ DetailScaffold {
         }
     }
 
+    // A router shows one route for its whole life, so its page is built once, with the page's own
+    // required properties.
     Loader {
         width: parent.width
-        sourceComponent: ({
-                              match: match,
-                              team: team,
-                              stadium: stadium,
-                              settings: settings
-                          })[router.route.kindName]
-    }
-    Component {
-        id: match
-        MatchDetail { model: router.model; matchID: router.route.id }
-    }
-    Component {
-        id: team
-        TeamDetail { model: router.model; teamID: router.route.id }
-    }
-    Component {
-        id: stadium
-        StadiumDetail { model: router.model; stadiumID: router.route.id }
-    }
-    Component {
-        id: settings
-        SettingsScreen { model: router.model; updates: router.updates }
+        Component.onCompleted: {
+            const id = router.route.id;
+            switch (router.route.kindName) {
+            case "match":
+                setSource("MatchDetail.qml", { model: router.model, matchID: id });
+                break;
+            case "team":
+                setSource("TeamDetail.qml", { model: router.model, teamID: id });
+                break;
+            case "stadium":
+                setSource("StadiumDetail.qml", { model: router.model, stadiumID: id });
+                break;
+            default:
+                setSource("../Settings/SettingsScreen.qml", { model: router.model, updates: router.updates });
+            }
+        }
     }
 }

@@ -144,13 +144,12 @@ Item {
                     }
                 }
             }
-            Loader {
-                width: parent.width
-                active: view.onFinal && view.round.games.length > 0
-                visible: active
-                sourceComponent: BracketGame {
+            // The final alone, once its round is picked; kept across polls like every other card.
+            Repeater {
+                model: MatchListModel { matches: view.onFinal ? view.round.games : [] }
+                delegate: BracketGame {
+                    width: parent.width
                     model: view.model
-                    match: view.round.games[0]
                 }
             }
             GlassCard {

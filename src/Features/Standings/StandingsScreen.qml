@@ -101,6 +101,7 @@ Item {
     Loader {
         anchors { left: parent.left; right: parent.right; top: views.bottom; bottom: parent.bottom; topMargin: 6 }
         active: screen.model.showsBracket
-        sourceComponent: BracketView { model: screen.model }
+        // By its file rather than an inline component, which a Loader cannot build in a bound file.
+        Component.onCompleted: setSource("BracketView.qml", { model: screen.model })
     }
 }
