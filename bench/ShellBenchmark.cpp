@@ -1,8 +1,8 @@
 // The tray application's costs under a real X server, each beside a bare Qt Quick window measured the
 // same way as the floor: time from a tray click to the panel's first frame; resident memory at idle with
-// the panel never opened and after it has been opened and hidden; and CPU time and frames drawn while
-// the panel stays open with nothing live and with two matches live. Each figure comes from a fresh
-// process.
+// the panel never opened and after it has been opened and hidden; CPU time and frames drawn while the
+// panel stays open with nothing live and with two matches live; and main-thread CPU per poll. Each
+// figure comes from a fresh process.
 
 #include "AppDelegate.h"
 #include "DemoProfile.h"
@@ -184,6 +184,38 @@ private:
     std::unique_ptr<FeedServer> m_feed;
 };
 
+// Main-thread CPU from each poll's start to the panel's first frame after it, so that the screens'
+// bindings and layout caused by the new data are counted with it.
+class PollMeter : public QObject {
+public:
+    PollMeter(const AppModel &model, QQuickWindow *window)
+    {
+        connect(&model, &AppModel::isLoadingChanged, this, [this, &model] {
+            if (model.isLoading())
+                m_start = threadCpuMilliseconds();
+            m_awaitingFrame = !model.isLoading() && m_start >= 0;
+        });
+        // Queued from the render thread, so it runs once the frame's polish on this thread is done.
+        connect(window, &QQuickWindow::frameSwapped, this, [this] {
+            if (!m_awaitingFrame)
+                return;
+            m_spent += threadCpuMilliseconds() - m_start;
+            ++m_polls;
+            m_awaitingFrame = false;
+            m_start = -1;
+        });
+    }
+
+    double meanMilliseconds() const { return m_polls > 0 ? m_spent / m_polls : 0; }
+    int polls() const { return m_polls; }
+
+private:
+    double m_start = -1;
+    bool m_awaitingFrame = false;
+    double m_spent = 0;
+    int m_polls = 0;
+};
+
 struct Watch {
     double cpuPercent;
     int frames;
@@ -308,14 +340,17 @@ int measureProgramCpu(QApplication &app)
     RemoteReplay replay(demo.now());
     AppDelegate delegate(demoServices(demo));
     delegate.launch(nullptr);
+    std::unique_ptr<PollMeter> meter;
     clickPanelAfterSettling(delegate, [&](double) {
         after(settleMilliseconds, [&] {
             QQuickWindow *window = delegate.panel()->window();
+            meter = std::make_unique<PollMeter>(delegate.model(), window);
             watch(
                 window, [&] { return replay.cpuMilliseconds(); },
                 [&](Watch watched) {
-                    std::printf("%.3f %d %lld\n", watched.cpuPercent, watched.frames,
-                                qlonglong(delegate.model().liveMatchesCache().size()));
+                    std::printf("%.3f %d %lld %.2f %d\n", watched.cpuPercent, watched.frames,
+                                qlonglong(delegate.model().liveMatchesCache().size()),
+                                meter->meanMilliseconds(), meter->polls());
                     app.quit();
                 });
         });
@@ -390,6 +425,9 @@ void printCpuFigures()
     std::printf("CPU over %d s, bare window pulsing one dot: %.2f%% of one core, %.0f frames (live panel / "
                 "dot: %.2fx)\n",
                 seconds, figure(dot, 0), figure(dot, 1), figure(live, 0) / figure(dot, 0));
+    std::printf(
+        "main-thread CPU per poll with the panel open and matches live: %.2f ms (mean of %.0f polls)\n",
+        figure(live, 3), figure(live, 4));
 }
 
 } // namespace
