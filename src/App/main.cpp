@@ -78,6 +78,10 @@ int runTrayApp(int argc, char *argv[])
                                "(DISPLAY and WAYLAND_DISPLAY).\n";
         return 1;
     }
+    // Animations follow the clock, not the count of frames drawn: under a software renderer a frame can
+    // take longer than a refresh, and a page slide would drag on for as many frames as it was meant to.
+    if (!qEnvironmentVariableIsSet("QSG_USE_SIMPLE_ANIMATION_DRIVER"))
+        qputenv("QSG_USE_SIMPLE_ANIMATION_DRIVER", "1");
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
 

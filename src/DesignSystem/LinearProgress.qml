@@ -33,7 +33,7 @@ Item {
             NumberAnimation { duration: 150 }
         }
         NumberAnimation on x {
-            running: bar.indeterminate && bar.visible
+            running: bar.indeterminate && bar.visible && bar.Window.visibility !== Window.Hidden
             from: -bar.width * bar.sweepFraction
             to: bar.width
             duration: bar.sweepDuration

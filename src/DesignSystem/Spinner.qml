@@ -39,7 +39,7 @@ Item {
             to: 360
             duration: spinner.turnDuration
             loops: Animation.Infinite
-            running: spinner.visible
+            running: spinner.visible && spinner.Window.visibility !== Window.Hidden
         }
     }
 }
