@@ -13,7 +13,8 @@ class MatchListModel : public RecordListModel {
     Q_PROPERTY(QList<Match> matches READ matches WRITE setMatches NOTIFY rowsChanged)
 
 public:
-    explicit MatchListModel(QObject *parent = nullptr) : RecordListModel(Match::staticMetaObject, "match", "id", parent)
+    explicit MatchListModel(QObject *parent = nullptr)
+        : RecordListModel(Match::staticMetaObject, "match", "id", parent)
     {}
 
     QList<Match> matches() const { return recordsOf<Match>(rows()); }

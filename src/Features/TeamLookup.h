@@ -25,9 +25,9 @@ protected:
     {
         const TeamDetailState team = model.teamDetailState(key);
         const QList<APITeam> teams = model.allTeamsSorted();
-        const bool found = !team.matches.isEmpty() || std::any_of(teams.cbegin(), teams.cend(), [&](const APITeam &known) {
-                               return known.id == key;
-                           });
+        const bool found =
+            !team.matches.isEmpty() ||
+            std::any_of(teams.cbegin(), teams.cend(), [&](const APITeam &known) { return known.id == key; });
         const bool changed = team != m_team || found != m_found;
         m_team = team;
         m_found = found;

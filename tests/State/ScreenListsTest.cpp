@@ -80,7 +80,8 @@ void ScreenListsTest::listsFollowTheQueries()
         QCOMPARE(lists.liveMatches.records(), model->liveMatchesCache());
         QCOMPARE(lists.favoriteTeams.records(), model->favoriteTeamsCache());
         const QList<Match> favorites = model->favoriteMatches();
-        QCOMPARE(lists.favoriteLive.records() + lists.favoriteComing.records() + lists.favoriteResults.records(),
+        QCOMPARE(lists.favoriteLive.records() + lists.favoriteComing.records() +
+                     lists.favoriteResults.records(),
                  favorites);
         QVERIFY2(std::all_of(lists.favoriteLive.rows().cbegin(), lists.favoriteLive.rows().cend(),
                              [](const QVariant &row) { return row.value<Match>().live(); }),

@@ -121,8 +121,9 @@ void AppModel::feedGroupTables()
 {
     QList<GroupStanding> tables;
     for (const QString &letter : groupsByInterest()) {
-        const auto table = std::find_if(m_standings.cbegin(), m_standings.cend(),
-                                        [&letter](const GroupStanding &standing) { return standing.group == letter; });
+        const auto table =
+            std::find_if(m_standings.cbegin(), m_standings.cend(),
+                         [&letter](const GroupStanding &standing) { return standing.group == letter; });
         if (table != m_standings.cend())
             tables.append(*table);
     }
