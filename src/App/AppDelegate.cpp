@@ -129,8 +129,8 @@ void AppDelegate::openDetail(const QString &routeText)
 
 void AppDelegate::setFloatingCards(const QString &value)
 {
-    // The model's own write stores the setting and tells the panel to restyle.
-    m_model.setFloatingCards(DebugHooks::floatingFromText(value));
+    // The glass's own write stores the setting and tells the panel to restyle.
+    m_model.glass().setFloatingCards(DebugHooks::floatingFromText(value));
 }
 
 void AppDelegate::applyDebugHooks()

@@ -11,11 +11,12 @@ Window {
     required property AppModel model
     // The update controller; null where the program runs without one.
     property UpdateController updates
-    property real blur: 0.78
-    property real tintHue: 0.58
-    property real tint: 0.1
-    property real grain: 0.22
-    property bool borderless: false
+    // The glass settings, handed in and kept up to date by PanelController.
+    required property real blur
+    required property real tintHue
+    required property real tint
+    required property real grain
+    required property bool borderless
     property bool compositorBlurs: false
     readonly property bool feathered: borderless
     // With the compositor's blur behind it, the frost runs 0.3 to 0.7 with the Blur setting. Without

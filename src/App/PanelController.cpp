@@ -38,7 +38,7 @@ PanelController::PanelController(AppModel &model, QQmlEngine &engine, QObject *u
     m_graceTimer.setInterval(outsideClickGrace);
     connect(&m_graceTimer, &QTimer::timeout, this, &PanelController::onGraceEnded);
     connect(&m_clicks, &GlobalClickMonitor::pressed, this, &PanelController::onPressAnywhere);
-    m_model.onGlassChange = [self = QPointer(this)] {
+    m_model.glass().onGlassChange = [self = QPointer(this)] {
         if (self && self->m_window)
             self->applyGlass();
     };
@@ -46,7 +46,7 @@ PanelController::PanelController(AppModel &model, QQmlEngine &engine, QObject *u
 
 PanelController::~PanelController()
 {
-    m_model.onGlassChange = nullptr;
+    m_model.glass().onGlassChange = nullptr;
 }
 
 QQuickWindow *PanelController::window()
@@ -62,16 +62,16 @@ void PanelController::build()
     component.setData("import Pitchlark.App\nFrostPanel {}", QUrl());
     if (!component.isReady())
         qFatal("The panel could not be built: %s", qPrintable(component.errorString()));
-    QObject *root = component.createWithInitialProperties(
-        {{QStringLiteral("model"), QVariant::fromValue(&m_model)},
-         {QStringLiteral("updates"), QVariant::fromValue(m_updates.data())}});
+    QVariantMap properties = glassProperties();
+    properties.insert(QStringLiteral("model"), QVariant::fromValue(&m_model));
+    properties.insert(QStringLiteral("updates"), QVariant::fromValue(m_updates.data()));
+    QObject *root = component.createWithInitialProperties(properties);
     m_window.reset(qobject_cast<QQuickWindow *>(root));
     if (!m_window)
         qFatal("The panel could not be built: %s", qPrintable(component.errorString()));
     m_window->installEventFilter(this);
     connect(m_window.get(), &QWindow::activeChanged, this, &PanelController::onActiveChanged);
     m_fade = std::make_unique<WindowFade>(*m_window);
-    applyGlass();
 }
 
 void PanelController::release()
@@ -92,13 +92,21 @@ QRect PanelController::panelGeometry(const QRect &available)
                  panelWidth, available.height() - 2 * screenMargin);
 }
 
+QVariantMap PanelController::glassProperties() const
+{
+    const GlassPreferences &glass = m_model.glass();
+    return {{QStringLiteral("blur"), glass.blur()},
+            {QStringLiteral("tintHue"), glass.tintHue()},
+            {QStringLiteral("tint"), glass.tint()},
+            {QStringLiteral("grain"), glass.grain()},
+            {QStringLiteral("borderless"), glass.floatingCards()}};
+}
+
 void PanelController::applyGlass()
 {
-    m_window->setProperty("blur", m_model.glassBlur());
-    m_window->setProperty("tintHue", m_model.glassTintHue());
-    m_window->setProperty("tint", m_model.glassTint());
-    m_window->setProperty("grain", m_model.glassGrain());
-    m_window->setProperty("borderless", m_model.floatingCards());
+    const QVariantMap properties = glassProperties();
+    for (auto property = properties.cbegin(); property != properties.cend(); ++property)
+        m_window->setProperty(qPrintable(property.key()), property.value());
 }
 
 void PanelController::show(const QPoint &position)

@@ -6,6 +6,7 @@
 #include <QQuickWindow>
 #include <QRect>
 #include <QTimer>
+#include <QVariantMap>
 
 #include <chrono>
 #include <memory>
@@ -64,6 +65,8 @@ protected:
 private:
     void build();
     void release();
+    // The panel window's own material, as the window takes it at creation and after each change.
+    QVariantMap glassProperties() const;
     void applyGlass();
     void onActiveChanged();
     void onPressAnywhere();

@@ -132,12 +132,12 @@ QJsonObject settingsJson(const AppModel &model)
         {QStringLiteral("notifyGoals"), model.notifyGoals()},
         {QStringLiteral("notifyFullTime"), model.notifyFullTime()},
         {QStringLiteral("inAppBanners"), model.inAppBanners()},
-        {QStringLiteral("glassBlur"), model.glassBlur()},
-        {QStringLiteral("glassTintHue"), model.glassTintHue()},
-        {QStringLiteral("glassTint"), model.glassTint()},
-        {QStringLiteral("glassGrain"), model.glassGrain()},
-        {QStringLiteral("surfaceOpacity"), model.surfaceOpacity()},
-        {QStringLiteral("floatingCards"), model.floatingCards()},
+        {QStringLiteral("glassBlur"), model.glass().blur()},
+        {QStringLiteral("glassTintHue"), model.glass().tintHue()},
+        {QStringLiteral("glassTint"), model.glass().tint()},
+        {QStringLiteral("glassGrain"), model.glass().grain()},
+        {QStringLiteral("surfaceOpacity"), model.glass().surfaceOpacity()},
+        {QStringLiteral("floatingCards"), model.glass().floatingCards()},
         {QStringLiteral("hideScores"), model.hideScores()},
     };
 }

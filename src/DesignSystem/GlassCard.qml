@@ -6,7 +6,8 @@ import Pitchlark.DesignSystem
 Item {
     id: card
 
-    property real surfaceOpacity: 0.62
+    // How opaque the white surface is: the user's card opacity, which every screen passes in.
+    required property real surfaceOpacity
     property color tint: "transparent"
     property int padding: Theme.cardPadding
     default property alias content: body.data

@@ -15,6 +15,7 @@
 #include "Models/TeamSummary.h"
 #include "Navigation/PanelRoute.h"
 #include "State/AppModel.h"
+#include "State/GlassPreferences.h"
 #include "UpdateController.h"
 #include "UpdatePhase.h"
 
@@ -29,6 +30,13 @@ struct AppModelForeign {
     QML_FOREIGN(AppModel)
     QML_NAMED_ELEMENT(AppModel)
     QML_UNCREATABLE("The program owns its one model.")
+};
+
+struct GlassPreferencesForeign {
+    Q_GADGET
+    QML_FOREIGN(GlassPreferences)
+    QML_NAMED_ELEMENT(GlassPreferences)
+    QML_UNCREATABLE("The model keeps the glass settings.")
 };
 
 struct ScreenListsForeign {

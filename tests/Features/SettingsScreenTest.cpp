@@ -22,6 +22,16 @@ QJsonValue stored(const Panel &panel, const QString &key)
     return QJsonDocument::fromJson(settings.readAll()).object().value(key);
 }
 
+// A setting by its path from the model, as the screens name it ("glass.floatingCards").
+QVariant setting(const AppModel &model, const QByteArray &path)
+{
+    const QObject *owner = &model;
+    const QList<QByteArray> names = path.split('.');
+    for (qsizetype step = 0; step + 1 < names.size(); ++step)
+        owner = owner->property(names.at(step)).value<QObject *>();
+    return owner->property(names.constLast());
+}
+
 struct Inks {
     QColor primary;
     QColor accent;
@@ -135,7 +145,7 @@ void SettingsScreenTest::switchesStoreTheirSetting_data()
     QTest::newRow("goals") << "notifyGoals" << "NotifyGoals" << QByteArray("notifyGoals");
     QTest::newRow("full time") << "notifyFullTime" << "NotifyFullTime" << QByteArray("notifyFullTime");
     QTest::newRow("banners") << "inAppBanners" << "InAppBanners" << QByteArray("inAppBanners");
-    QTest::newRow("floating cards") << "floatingCards" << "FloatingCards" << QByteArray("floatingCards");
+    QTest::newRow("floating cards") << "floatingCards" << "FloatingCards" << QByteArray("glass.floatingCards");
     // clang-format on
 }
 
@@ -149,14 +159,14 @@ void SettingsScreenTest::switchesStoreTheirSetting()
     m_panel->model->setNotificationsEnabled(true);
     const bool before = m_panel->model->property(property).toBool();
     clickAt(control, 0.5);
-    QCOMPARE(m_panel->model->property(property).toBool(), !before);
+    QCOMPARE(setting(*m_panel->model, property).toBool(), !before);
     QCOMPARE(stored(*m_panel, key), QJsonValue(!before));
     QCOMPARE(reveal(control)->property("checked").toBool(), !before);
 
     // And back from the keyboard.
     reveal(control)->forceActiveFocus(Qt::TabFocusReason);
     QTest::keyClick(m_panel->window, Qt::Key_Space);
-    QCOMPARE(m_panel->model->property(property).toBool(), before);
+    QCOMPARE(setting(*m_panel->model, property).toBool(), before);
     QCOMPARE(stored(*m_panel, key), QJsonValue(before));
 }
 
@@ -225,19 +235,20 @@ void SettingsScreenTest::glassControlsStoreAndRestyle_data()
 {
     QTest::addColumn<QString>("control");
     QTest::addColumn<QString>("key");
+    QTest::addColumn<QByteArray>("property");
     QTest::addColumn<double>("fraction");
     QTest::addColumn<double>("expected");
     QTest::addColumn<bool>("retints");
-    // The panel window's own material property that follows, or none.
-    QTest::addColumn<QByteArray>("windowProperty");
+    // Whether the panel window's own material follows, under the same property name.
+    QTest::addColumn<bool>("restylesWindow");
 
     // clang-format off
-    QTest::newRow("blur") << "glassBlur" << "GlassBlur" << 0.25 << 0.25 << false << QByteArray("blur");
-    QTest::newRow("tint strength") << "glassTint" << "GlassTint" << 0.9 << 0.9 << true << QByteArray("tint");
-    QTest::newRow("tint hue") << "glassTintHue" << "GlassTintHue" << 0.1 << 0.1 << true << QByteArray("tintHue");
-    QTest::newRow("grain") << "glassGrain" << "GlassGrain" << 0.75 << 0.75 << false << QByteArray("grain");
+    QTest::newRow("blur") << "glassBlur" << "GlassBlur" << QByteArray("blur") << 0.25 << 0.25 << false << true;
+    QTest::newRow("tint strength") << "glassTint" << "GlassTint" << QByteArray("tint") << 0.9 << 0.9 << true << true;
+    QTest::newRow("tint hue") << "glassTintHue" << "GlassTintHue" << QByteArray("tintHue") << 0.1 << 0.1 << true << true;
+    QTest::newRow("grain") << "glassGrain" << "GlassGrain" << QByteArray("grain") << 0.75 << 0.75 << false << true;
     // The card opacity runs from 0.2 to 1, and only the cards read it.
-    QTest::newRow("card opacity") << "surfaceOpacity" << "SurfaceOpacity" << 0.5 << 0.6 << false << QByteArray();
+    QTest::newRow("card opacity") << "surfaceOpacity" << "SurfaceOpacity" << QByteArray("surfaceOpacity") << 0.5 << 0.6 << false << false;
     // clang-format on
 }
 
@@ -245,21 +256,22 @@ void SettingsScreenTest::glassControlsStoreAndRestyle()
 {
     QFETCH(QString, control);
     QFETCH(QString, key);
+    QFETCH(QByteArray, property);
     QFETCH(double, fraction);
     QFETCH(double, expected);
     QFETCH(bool, retints);
-    QFETCH(QByteArray, windowProperty);
+    QFETCH(bool, restylesWindow);
 
     // The knob is as wide as the margin it keeps from each end, so a click lands within a few hundredths.
     const double tolerance = 0.04;
     const Inks inksBefore = currentInks();
     clickAt(control, fraction);
-    const double value = m_panel->model->property(qPrintable(control)).toDouble();
+    const double value = m_panel->model->glass().property(property).toDouble();
     QVERIFY2(std::abs(value - expected) < tolerance, qPrintable(QString::number(value)));
     QCOMPARE(stored(*m_panel, key).toDouble(), value);
     QCOMPARE(currentInks() != inksBefore, retints);
-    if (!windowProperty.isEmpty())
-        QCOMPARE(m_panel->window->property(windowProperty).toDouble(), value);
+    if (restylesWindow)
+        QCOMPARE(m_panel->window->property(property).toDouble(), value);
 }
 
 void SettingsScreenTest::slidersFollowTheKeyboard()
@@ -267,36 +279,38 @@ void SettingsScreenTest::slidersFollowTheKeyboard()
     QQuickItem *slider = reveal(QStringLiteral("glassGrain"));
     slider->forceActiveFocus(Qt::TabFocusReason);
     QTest::keyClick(m_panel->window, Qt::Key_End);
-    QCOMPARE(m_panel->model->glassGrain(), 1.0);
+    const GlassPreferences &glass = m_panel->model->glass();
+    QCOMPARE(glass.grain(), 1.0);
     QTest::keyClick(m_panel->window, Qt::Key_Right);
-    QCOMPARE(m_panel->model->glassGrain(), 1.0);
+    QCOMPARE(glass.grain(), 1.0);
     QTest::keyClick(m_panel->window, Qt::Key_Left);
-    QCOMPARE(m_panel->model->glassGrain(), 0.95);
+    QCOMPARE(glass.grain(), 0.95);
     QTest::keyClick(m_panel->window, Qt::Key_Home);
-    QCOMPARE(m_panel->model->glassGrain(), 0.0);
+    QCOMPARE(glass.grain(), 0.0);
     // Keys are written a moment later, as a drag's moves are.
     QTRY_COMPARE(stored(*m_panel, QStringLiteral("GlassGrain")), QJsonValue(0.0));
 }
 
 void SettingsScreenTest::resetRestoresTheGlassButNotTheCardStyle()
 {
-    AppModel &model = *m_panel->model;
-    model.setGlassBlur(0.1);
-    model.setGlassTintHue(0.9);
-    model.setGlassTint(0.7);
-    model.setGlassGrain(0.9);
-    model.setSurfaceOpacity(0.3);
-    model.setFloatingCards(true);
+    GlassPreferences &glass = m_panel->model->glass();
+    glass.setBlur(0.1);
+    glass.setTintHue(0.9);
+    glass.setTint(0.7);
+    glass.setGrain(0.9);
+    glass.setSurfaceOpacity(0.3);
+    glass.setFloatingCards(true);
     const Inks tinted = currentInks();
     clickAt(QStringLiteral("resetGlass"), 0.5);
-    QCOMPARE(stored(*m_panel, QStringLiteral("GlassBlur")), QJsonValue(AppModel::defaultGlassBlur));
-    QCOMPARE(stored(*m_panel, QStringLiteral("GlassTintHue")), QJsonValue(AppModel::defaultGlassTintHue));
-    QCOMPARE(stored(*m_panel, QStringLiteral("GlassTint")), QJsonValue(AppModel::defaultGlassTint));
-    QCOMPARE(stored(*m_panel, QStringLiteral("GlassGrain")), QJsonValue(AppModel::defaultGlassGrain));
-    QCOMPARE(stored(*m_panel, QStringLiteral("SurfaceOpacity")), QJsonValue(AppModel::defaultSurfaceOpacity));
-    QVERIFY(model.floatingCards());
+    QCOMPARE(stored(*m_panel, QStringLiteral("GlassBlur")), QJsonValue(GlassPreferences::defaultBlur));
+    QCOMPARE(stored(*m_panel, QStringLiteral("GlassTintHue")), QJsonValue(GlassPreferences::defaultTintHue));
+    QCOMPARE(stored(*m_panel, QStringLiteral("GlassTint")), QJsonValue(GlassPreferences::defaultTint));
+    QCOMPARE(stored(*m_panel, QStringLiteral("GlassGrain")), QJsonValue(GlassPreferences::defaultGrain));
+    QCOMPARE(stored(*m_panel, QStringLiteral("SurfaceOpacity")),
+             QJsonValue(GlassPreferences::defaultSurfaceOpacity));
+    QVERIFY(glass.floatingCards());
     QVERIFY(currentInks() != tinted);
-    QCOMPARE(m_panel->window->property("blur").toDouble(), AppModel::defaultGlassBlur);
+    QCOMPARE(m_panel->window->property("blur").toDouble(), GlassPreferences::defaultBlur);
 }
 
 void SettingsScreenTest::startAtLoginExplainsWhyItCannot()

@@ -189,10 +189,10 @@ void SettingsTest::modelLoadsWithDefaults()
     QTEST(model->property("refreshInterval").toInt(), "refreshInterval");
     QTEST(model->property("trayDisplayMode").toString(), "trayDisplayMode");
     QTEST(model->property("favoriteTeamIDs").toStringList(), "favorites");
-    QTEST(model->glassBlur(), "glassBlur");
+    QTEST(model->glass().blur(), "glassBlur");
     QTEST(model->notificationsEnabled(), "notificationsEnabled");
     // The floating style never outlives a run, and the switches keep their defaults.
-    QVERIFY(!model->floatingCards());
+    QVERIFY(!model->glass().floatingCards());
     QVERIFY(model->notifyMatchStart() && model->notifyGoals() && model->notifyFullTime() &&
             model->inAppBanners());
     QVERIFY(!model->pinnedLiveMatchID());
@@ -210,7 +210,7 @@ void SettingsTest::actionsPersist()
         model->togglePinnedMatch(QStringLiteral("104"));
         model->updateRefreshInterval(RefreshInterval::fifteen);
         model->setNotificationsEnabled(true);
-        model->setFloatingCards(true);
+        model->glass().setFloatingCards(true);
     }
     const QJsonObject stored = QJsonDocument::fromJson(readFile(fixture.settingsPath())).object();
     // Plain text order, as stored lists are compared by other tools too.
@@ -227,7 +227,7 @@ void SettingsTest::actionsPersist()
     QCOMPARE(restarted->trayDisplayMode(), TrayDisplayMode::pinned);
     QCOMPARE(restarted->refreshInterval(), RefreshInterval::fifteen);
     QVERIFY(restarted->notificationsEnabled());
-    QVERIFY(!restarted->floatingCards());
+    QVERIFY(!restarted->glass().floatingCards());
 
     restarted->togglePinnedMatch(QStringLiteral("104"));
     QVERIFY(
@@ -243,22 +243,23 @@ void SettingsTest::glassWritesStoreAndNotifyPanel()
     services.api = &api;
     services.applyTint = [&tints](double hue, double strength) { tints.append({hue, strength}); };
     AppModel model(std::move(services));
+    GlassPreferences &glass = model.glass();
     QCOMPARE(tints, (QList<std::pair<double, double>>{{0.58, 0.1}}));
 
     int glassChanges = 0;
-    model.onGlassChange = [&glassChanges] { ++glassChanges; };
-    QSignalSpy opacitySpy(&model, &AppModel::surfaceOpacityChanged);
+    glass.onGlassChange = [&glassChanges] { ++glassChanges; };
+    QSignalSpy opacitySpy(&glass, &GlassPreferences::surfaceOpacityChanged);
 
-    model.setSurfaceOpacity(0.62); // an equal value is still a write
+    glass.setSurfaceOpacity(0.62); // an equal value is still a write
     QCOMPARE(opacitySpy.count(), 1);
     QCOMPARE(glassChanges, 0);
-    model.setGlassTint(0.4);
+    glass.setTint(0.4);
     QCOMPARE(glassChanges, 1);
     QCOMPARE(tints.constLast(), (std::pair{0.58, 0.4}));
-    model.setGlassGrain(0.5);
+    glass.setGrain(0.5);
     QCOMPARE(glassChanges, 2);
     QCOMPARE(tints.size(), 2);
-    model.saveGlassSettings();
+    glass.save();
     QCOMPARE(SettingsStore(fixture.settingsPath()).real(QStringLiteral("GlassGrain")), std::optional(0.5));
     QFile::remove(fixture.settingsPath());
 
@@ -269,16 +270,16 @@ void SettingsTest::glassWritesStoreAndNotifyPanel()
     };
     QCOMPARE(storedGrain(), std::nullopt);
     for (int step = 1; step <= 40; ++step)
-        model.setGlassGrain(step / 100.0);
+        glass.setGrain(step / 100.0);
     QCOMPARE(storedGrain(), std::nullopt);
     QTRY_COMPARE(storedGrain(), std::optional(0.4));
-    model.setGlassGrain(0.6);
-    model.saveGlassSettings();
+    glass.setGrain(0.6);
+    glass.save();
     QCOMPARE(storedGrain(), std::optional(0.6));
 
     tints.clear();
     glassChanges = 0;
-    model.resetGlassDefaults();
+    glass.resetDefaults();
     QCOMPARE(glassChanges, 4);
     QCOMPARE(tints, (QList<std::pair<double, double>>{{0.58, 0.4}, {0.58, 0.1}}));
     QCOMPARE(SettingsStore(fixture.settingsPath()).real(QStringLiteral("GlassTint")), std::optional(0.1));

@@ -27,20 +27,14 @@ AppModel::AppModel(Services services, QObject *parent)
                                      : std::make_unique<XdgAutostartLoginItem>()),
       m_notifier(std::move(services.notifications)),
       m_now(services.now ? std::move(services.now) : [] { return QDateTime::currentDateTimeUtc(); }),
-      m_applyTint(services.applyTint ? std::move(services.applyTint) : [](double, double) {}),
       m_openFile(services.openFile ? std::move(services.openFile) : [](const QString &) {}),
-      m_allGroups(groupLetters())
+      m_glass(*m_settings, std::move(services.applyTint), this), m_allGroups(groupLetters())
 {
     m_selectedDate = WCFormatters::shared().dateKey(now());
-    // Not restarted by each move, so a drag writes settings.json at most four times a second.
-    m_glassSaveTimer.setSingleShot(true);
-    m_glassSaveTimer.setInterval(250);
-    connect(&m_glassSaveTimer, &QTimer::timeout, this, [this] { m_settings->saveKept(); });
     m_bannerTimer.setSingleShot(true);
     m_bannerTimer.setTimerType(Qt::PreciseTimer);
     m_bannerTimer.setInterval(bannerLifetime);
     loadSettings();
-    m_applyTint(m_glassTintHue, m_glassTint);
     m_loginItem->onStatusChange = [this] { refreshStartAtLoginState(); };
     if (NotificationSender *center = m_notifier.center())
         connect(center, &NotificationSender::activated, this, &AppModel::showMatchFromNotification);
@@ -55,7 +49,6 @@ AppModel::~AppModel()
         m_pollingTimer->disconnect();
         m_pollingTimer->stop();
     }
-    saveGlassSettings();
 }
 
 void AppModel::loadSettings()
@@ -75,19 +68,12 @@ void AppModel::loadSettings()
     m_refreshInterval =
         refreshIntervalFromSeconds(m_settings->integer(SettingsKeys::refreshIntervalSeconds).value_or(30))
             .value_or(RefreshInterval::thirty);
-    m_glassBlur = m_settings->real(SettingsKeys::glassBlur).value_or(m_glassBlur);
-    m_glassTintHue = m_settings->real(SettingsKeys::glassTintHue).value_or(m_glassTintHue);
-    m_glassTint = m_settings->real(SettingsKeys::glassTint).value_or(m_glassTint);
-    m_glassGrain = m_settings->real(SettingsKeys::glassGrain).value_or(m_glassGrain);
-    m_surfaceOpacity = m_settings->real(SettingsKeys::surfaceOpacity).value_or(m_surfaceOpacity);
     m_notificationsEnabled = m_settings->boolean(SettingsKeys::notificationsEnabled).value_or(false);
     m_notifyMatchStart = m_settings->boolean(SettingsKeys::notifyMatchStart).value_or(true);
     m_notifyGoals = m_settings->boolean(SettingsKeys::notifyGoals).value_or(true);
     m_notifyFullTime = m_settings->boolean(SettingsKeys::notifyFullTime).value_or(true);
     m_inAppBanners = m_settings->boolean(SettingsKeys::inAppBanners).value_or(true);
     m_hideScores = m_settings->boolean(SettingsKeys::hideScores).value_or(false);
-    // The floating style lasts only until the program quits: stored, never loaded.
-    m_floatingCards = false;
 }
 
 void AppModel::hydrateFromCache()
@@ -352,62 +338,6 @@ void AppModel::setActiveBanner(const std::optional<BannerState> &banner)
 QVariant AppModel::activeBannerValue() const
 {
     return m_activeBanner ? QVariant::fromValue(*m_activeBanner) : QVariant();
-}
-
-void AppModel::storeGlassSetting(const QString &key, double value, bool callsGlassChange, bool retints)
-{
-    m_settings->setLater(key, value);
-    if (!m_glassSaveTimer.isActive())
-        m_glassSaveTimer.start();
-    // Only the panel window's own material needs the callback; card surfaces read the model directly.
-    if (callsGlassChange && onGlassChange)
-        onGlassChange();
-    if (retints)
-        m_applyTint(m_glassTintHue, m_glassTint);
-}
-
-void AppModel::setGlassBlur(double value)
-{
-    m_glassBlur = value;
-    emit glassBlurChanged();
-    storeGlassSetting(SettingsKeys::glassBlur, value, true, false);
-}
-
-void AppModel::setGlassTintHue(double value)
-{
-    m_glassTintHue = value;
-    emit glassTintHueChanged();
-    storeGlassSetting(SettingsKeys::glassTintHue, value, true, true);
-}
-
-void AppModel::setGlassTint(double value)
-{
-    m_glassTint = value;
-    emit glassTintChanged();
-    storeGlassSetting(SettingsKeys::glassTint, value, true, true);
-}
-
-void AppModel::setGlassGrain(double value)
-{
-    m_glassGrain = value;
-    emit glassGrainChanged();
-    storeGlassSetting(SettingsKeys::glassGrain, value, true, false);
-}
-
-void AppModel::setSurfaceOpacity(double value)
-{
-    m_surfaceOpacity = value;
-    emit surfaceOpacityChanged();
-    storeGlassSetting(SettingsKeys::surfaceOpacity, value, false, false);
-}
-
-void AppModel::setFloatingCards(bool enabled)
-{
-    m_floatingCards = enabled;
-    emit floatingCardsChanged();
-    m_settings->set(SettingsKeys::floatingCards, enabled);
-    if (onGlassChange)
-        onGlassChange();
 }
 
 void AppModel::setTeamsByID(const TeamTable &teams)

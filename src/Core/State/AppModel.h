@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppEnums.h"
+#include "GlassPreferences.h"
 #include "Lists/ScreenLists.h"
 #include "LoginItem.h"
 #include "Models/APIResponses.h"
@@ -73,12 +74,6 @@ class AppModel : public QObject {
     Q_PROPERTY(bool notifyFullTime READ notifyFullTime WRITE setNotifyFullTime NOTIFY notifyFullTimeChanged)
     Q_PROPERTY(bool inAppBanners READ inAppBanners WRITE setInAppBanners NOTIFY inAppBannersChanged)
     Q_PROPERTY(QVariant activeBanner READ activeBannerValue NOTIFY activeBannerChanged)
-    Q_PROPERTY(double glassBlur READ glassBlur WRITE setGlassBlur NOTIFY glassBlurChanged)
-    Q_PROPERTY(double glassTintHue READ glassTintHue WRITE setGlassTintHue NOTIFY glassTintHueChanged)
-    Q_PROPERTY(double glassTint READ glassTint WRITE setGlassTint NOTIFY glassTintChanged)
-    Q_PROPERTY(double glassGrain READ glassGrain WRITE setGlassGrain NOTIFY glassGrainChanged)
-    Q_PROPERTY(double surfaceOpacity READ surfaceOpacity WRITE setSurfaceOpacity NOTIFY surfaceOpacityChanged)
-    Q_PROPERTY(bool floatingCards READ floatingCards WRITE setFloatingCards NOTIFY floatingCardsChanged)
     Q_PROPERTY(bool hideScores READ hideScores WRITE setHideScores NOTIFY hideScoresChanged)
     // The matches whose scores the user revealed this session while scores are hidden.
     Q_PROPERTY(QStringList revealedMatchIDs READ revealedMatchIDList NOTIFY revealedMatchIDsChanged)
@@ -92,6 +87,8 @@ class AppModel : public QObject {
     Q_PROPERTY(QList<TeamSummary> favoriteTeams READ favoriteTeamsCache NOTIFY favoriteTeamsChanged)
     // The same data as id-keyed list models, which the screens' lists are built on.
     Q_PROPERTY(ScreenLists *lists READ lists CONSTANT)
+    // The parts of the state that live in objects of their own.
+    Q_PROPERTY(GlassPreferences *glass READ glassObject CONSTANT)
     // Depends on the favourites and on the tables, which arrive before the caches are rebuilt.
     Q_PROPERTY(QStringList groupsByInterest READ groupsByInterest NOTIFY favoriteTeamsChanged)
     // What the fixtures screen says when the selected day has no matches.
@@ -102,11 +99,6 @@ class AppModel : public QObject {
 public:
     static constexpr std::chrono::milliseconds poppingRouteLifetime{550};
     static constexpr std::chrono::milliseconds bannerLifetime{4500};
-    static constexpr double defaultGlassBlur = 0.78;
-    static constexpr double defaultGlassTintHue = 0.58;
-    static constexpr double defaultGlassTint = 0.1;
-    static constexpr double defaultGlassGrain = 0.22;
-    static constexpr double defaultSurfaceOpacity = 0.62;
     static inline const QString unreachableMessage = QStringLiteral("Couldn't reach the World Cup service.");
 
     // What the model talks to. Anything left empty gets the real thing for this desktop.
@@ -154,12 +146,6 @@ public:
     bool notifyFullTime() const { return m_notifyFullTime; }
     bool inAppBanners() const { return m_inAppBanners; }
     const std::optional<BannerState> &activeBanner() const { return m_activeBanner; }
-    double glassBlur() const { return m_glassBlur; }
-    double glassTintHue() const { return m_glassTintHue; }
-    double glassTint() const { return m_glassTint; }
-    double glassGrain() const { return m_glassGrain; }
-    double surfaceOpacity() const { return m_surfaceOpacity; }
-    bool floatingCards() const { return m_floatingCards; }
     bool hideScores() const { return m_hideScores; }
     const TeamTable &teamsByID() const { return m_teamsByID; }
     const StadiumTable &stadiumsByID() const { return m_stadiumsByID; }
@@ -176,7 +162,10 @@ public:
     const ScreenLists &screenLists() const { return m_lists; }
     // The running polling timer; none before startPolling().
     const QTimer *pollingTimer() const { return m_pollingTimer.get(); }
-    std::function<void()> onGlassChange;
+
+    // The parts of the state that live in objects of their own.
+    GlassPreferences &glass() { return m_glass; }
+    const GlassPreferences &glass() const { return m_glass; }
 
     // Writes made directly by the screens.
     void setSection(Section section);
@@ -190,12 +179,6 @@ public:
     void setNotifyGoals(bool enabled);
     void setNotifyFullTime(bool enabled);
     void setInAppBanners(bool enabled);
-    void setGlassBlur(double value);
-    void setGlassTintHue(double value);
-    void setGlassTint(double value);
-    void setGlassGrain(double value);
-    void setSurfaceOpacity(double value);
-    void setFloatingCards(bool enabled);
     void setHideScores(bool hidden);
 
     // Refresh cycle.
@@ -223,9 +206,6 @@ public:
     Q_INVOKABLE void togglePinnedMatch(const QString &matchID);
     void updateRefreshInterval(RefreshInterval interval);
     Q_INVOKABLE void updateRefreshInterval(int seconds);
-    Q_INVOKABLE void resetGlassDefaults();
-    // A glass slider's drag wrote its values to disk a few times a second; its end writes the last one now.
-    Q_INVOKABLE void saveGlassSettings();
     Q_INVOKABLE void refreshStartAtLoginState();
     Q_INVOKABLE void updateStartAtLogin(bool enabled);
 
@@ -329,12 +309,6 @@ signals:
     void notifyFullTimeChanged();
     void inAppBannersChanged();
     void activeBannerChanged();
-    void glassBlurChanged();
-    void glassTintHueChanged();
-    void glassTintChanged();
-    void glassGrainChanged();
-    void surfaceOpacityChanged();
-    void floatingCardsChanged();
     void hideScoresChanged();
     void revealedMatchIDsChanged();
     void teamsByIDChanged();
@@ -382,7 +356,6 @@ private:
     void setTeamsByID(const TeamTable &teams);
     void setStadiumsByID(const StadiumTable &stadiums);
     void setAllMatches(const QList<Match> &matches);
-    void storeGlassSetting(const QString &key, double value, bool callsGlassChange, bool retints);
 
     QCoro::Task<Result<QList<APITeam>, FetchError>> fetchTeamsIfNeeded();
     QCoro::Task<Result<QList<APIStadium>, FetchError>> fetchStadiumsIfNeeded();
@@ -391,6 +364,7 @@ private:
     void rebuildSnapshots(const QList<Match> &matches);
     bool involvesFavorite(const Match &match) const;
     ScreenLists *lists() { return &m_lists; }
+    GlassPreferences *glassObject() { return &m_glass; }
     struct FavoriteMatchGroups {
         QList<Match> running;
         QList<Match> coming;
@@ -430,12 +404,6 @@ private:
     bool m_notifyFullTime = true;
     bool m_inAppBanners = true;
     std::optional<BannerState> m_activeBanner;
-    double m_glassBlur = defaultGlassBlur;
-    double m_glassTintHue = defaultGlassTintHue;
-    double m_glassTint = defaultGlassTint;
-    double m_glassGrain = defaultGlassGrain;
-    double m_surfaceOpacity = defaultSurfaceOpacity;
-    bool m_floatingCards = false;
     bool m_hideScores = false;
     QSet<QString> m_revealedMatchIDs;
     TeamTable m_teamsByID;
@@ -456,13 +424,14 @@ private:
     std::unique_ptr<LoginItem> m_loginItem;
     NotificationManager m_notifier;
     std::function<QDateTime()> m_now;
-    std::function<void(double hue, double strength)> m_applyTint;
     std::function<void(const QString &path)> m_openFile;
+    // The parts of the state kept in objects of their own: after m_settings and m_now, which they are
+    // built from, so that the glass still has its store when it writes its last values on destruction.
+    GlassPreferences m_glass;
     std::unique_ptr<QTimer> m_pollingTimer;
     bool m_isFetching = false;
     QHash<QString, MatchSnapshot> m_matchSnapshots;
     bool m_hasSeededSnapshots = false;
     QTimer m_bannerTimer;
-    QTimer m_glassSaveTimer;
     const QStringList m_allGroups;
 };

@@ -107,19 +107,3 @@ void AppModel::updateRefreshInterval(int seconds)
     if (const auto interval = refreshIntervalFromSeconds(seconds))
         updateRefreshInterval(*interval);
 }
-
-void AppModel::resetGlassDefaults()
-{
-    setGlassBlur(defaultGlassBlur);
-    setGlassTintHue(defaultGlassTintHue);
-    setGlassTint(defaultGlassTint);
-    setGlassGrain(defaultGlassGrain);
-    setSurfaceOpacity(defaultSurfaceOpacity);
-    saveGlassSettings();
-}
-
-void AppModel::saveGlassSettings()
-{
-    m_glassSaveTimer.stop();
-    m_settings->saveKept();
-}

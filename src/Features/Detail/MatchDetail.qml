@@ -30,7 +30,7 @@ Column {
         objectName: "matchHero"
         width: parent.width
         visible: detail.found
-        surfaceOpacity: detail.model.surfaceOpacity
+        surfaceOpacity: detail.model.glass.surfaceOpacity
         transform: AppearAnimation { target: hero }
 
         Column {
@@ -143,7 +143,7 @@ Column {
         id: goals
         width: parent.width
         visible: detail.started && !detail.scoreHidden
-        surfaceOpacity: detail.model.surfaceOpacity
+        surfaceOpacity: detail.model.glass.surfaceOpacity
         transform: AppearAnimation { target: goals; delay: 60 }
 
         Column {
@@ -194,7 +194,7 @@ Column {
         GlassCard {
             id: venueCard
             anchors.fill: parent
-            surfaceOpacity: detail.model.surfaceOpacity + (venue.hovered ? 0.12 : 0)
+            surfaceOpacity: detail.model.glass.surfaceOpacity + (venue.hovered ? 0.12 : 0)
             Item {
                 width: parent.width
                 height: venueText.implicitHeight

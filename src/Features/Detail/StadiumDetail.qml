@@ -28,7 +28,7 @@ Column {
         objectName: "stadiumHero"
         width: parent.width
         visible: detail.found
-        surfaceOpacity: detail.model.surfaceOpacity
+        surfaceOpacity: detail.model.glass.surfaceOpacity
         transform: AppearAnimation { target: hero }
 
         Column {

@@ -36,7 +36,7 @@ Column {
         objectName: "teamHero"
         width: parent.width
         visible: detail.found
-        surfaceOpacity: detail.model.surfaceOpacity
+        surfaceOpacity: detail.model.glass.surfaceOpacity
         transform: AppearAnimation { target: hero }
 
         Column {

@@ -32,7 +32,7 @@ Item {
                 objectName: "favoriteTeams"
                 width: parent.width
                 visible: screen.teamCount > 0
-                surfaceOpacity: screen.model.surfaceOpacity
+                surfaceOpacity: screen.model.glass.surfaceOpacity
                 padding: 6
                 transform: AppearAnimation { target: followed }
 

@@ -66,7 +66,7 @@ Item {
                 visible: message.length > 0
                 message: screen.model.errorMessage
                 onRetry: screen.model.refresh()
-                surfaceOpacity: screen.model.surfaceOpacity
+                surfaceOpacity: screen.model.glass.surfaceOpacity
             }
             ArrivalGate {
                 id: arrival

@@ -9,7 +9,7 @@ GlassCard {
     required property AppModel model
     readonly property var team: model.teamSummary(model.selectedTeamFilterID)
 
-    surfaceOpacity: model.surfaceOpacity
+    surfaceOpacity: model.glass.surfaceOpacity
     tint: Qt.rgba(Theme.accent.r, Theme.accent.g, Theme.accent.b, 0.08)
     padding: 10
 

@@ -15,17 +15,17 @@ SettingsSection {
         width: parent.width
         controlName: "glassBlur"
         title: "Blur"
-        value: section.model.glassBlur
-        onMoved: value => section.model.glassBlur = value
-        onSettled: section.model.saveGlassSettings()
+        value: section.model.glass.blur
+        onMoved: value => section.model.glass.blur = value
+        onSettled: section.model.glass.save()
     }
     SliderRow {
         width: parent.width
         controlName: "glassTint"
         title: "Tint strength"
-        value: section.model.glassTint
-        onMoved: value => section.model.glassTint = value
-        onSettled: section.model.saveGlassSettings()
+        value: section.model.glass.tint
+        onMoved: value => section.model.glass.tint = value
+        onSettled: section.model.glass.save()
     }
     Column {
         width: parent.width
@@ -38,40 +38,40 @@ SettingsSection {
             objectName: "glassTintHue"
             width: parent.width
             accessibleName: "Tint colour"
-            value: section.model.glassTintHue
-            onMoved: value => section.model.glassTintHue = value
-            onPressedChanged: if (!pressed) section.model.saveGlassSettings()
+            value: section.model.glass.tintHue
+            onMoved: value => section.model.glass.tintHue = value
+            onPressedChanged: if (!pressed) section.model.glass.save()
         }
     }
     SliderRow {
         width: parent.width
         controlName: "glassGrain"
         title: "Grain"
-        value: section.model.glassGrain
-        onMoved: value => section.model.glassGrain = value
-        onSettled: section.model.saveGlassSettings()
+        value: section.model.glass.grain
+        onMoved: value => section.model.glass.grain = value
+        onSettled: section.model.glass.save()
     }
     SliderRow {
         width: parent.width
         controlName: "surfaceOpacity"
         title: "Card opacity"
         from: section.minimumSurfaceOpacity
-        value: section.model.surfaceOpacity
-        onMoved: value => section.model.surfaceOpacity = value
-        onSettled: section.model.saveGlassSettings()
+        value: section.model.glass.surfaceOpacity
+        onMoved: value => section.model.glass.surfaceOpacity = value
+        onSettled: section.model.glass.save()
     }
     SwitchRow {
         width: parent.width
         controlName: "floatingCards"
         title: "Floating cards"
         detail: "Cards float on soft glass, without the panel's frame"
-        checked: section.model.floatingCards
-        onToggled: checked => section.model.floatingCards = checked
+        checked: section.model.glass.floatingCards
+        onToggled: checked => section.model.glass.floatingCards = checked
     }
     CapsuleButton {
         objectName: "resetGlass"
         anchors.right: parent.right
         text: "Reset to defaults"
-        onClicked: section.model.resetGlassDefaults()
+        onClicked: section.model.glass.resetDefaults()
     }
 }

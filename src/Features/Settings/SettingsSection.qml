@@ -25,7 +25,7 @@ Column {
     }
     GlassCard {
         width: parent.width
-        surfaceOpacity: section.model.surfaceOpacity
+        surfaceOpacity: section.model.glass.surfaceOpacity
         Column {
             id: body
             width: parent.width

@@ -34,7 +34,7 @@ Pressable {
     GlassCard {
         id: surface
         anchors.fill: parent
-        surfaceOpacity: card.model.surfaceOpacity + (card.hovered ? 0.12 : 0)
+        surfaceOpacity: card.model.glass.surfaceOpacity + (card.hovered ? 0.12 : 0)
         tint: card.match.isLive ? Qt.rgba(Theme.liveRed.r, Theme.liveRed.g, Theme.liveRed.b, 0.05)
                                 : "transparent"
 

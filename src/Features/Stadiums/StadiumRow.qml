@@ -20,7 +20,7 @@ Pressable {
     GlassCard {
         id: card
         anchors.fill: parent
-        surfaceOpacity: row.model.surfaceOpacity + (row.hovered ? 0.12 : 0)
+        surfaceOpacity: row.model.glass.surfaceOpacity + (row.hovered ? 0.12 : 0)
         padding: 12
 
         Item {

@@ -23,7 +23,7 @@ Item {
                 visible: message.length > 0
                 message: screen.model.errorMessage
                 onRetry: screen.model.refresh()
-                surfaceOpacity: screen.model.surfaceOpacity
+                surfaceOpacity: screen.model.glass.surfaceOpacity
             }
             SectionHeading {
                 width: parent.width

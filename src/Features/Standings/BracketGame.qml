@@ -77,7 +77,7 @@ Pressable {
         id: surface
         anchors.fill: parent
         padding: 10
-        surfaceOpacity: game.model.surfaceOpacity + (game.hovered ? 0.12 : 0)
+        surfaceOpacity: game.model.glass.surfaceOpacity + (game.hovered ? 0.12 : 0)
         tint: game.match.isLive ? Qt.rgba(Theme.liveRed.r, Theme.liveRed.g, Theme.liveRed.b, 0.05) : "transparent"
 
         Column {

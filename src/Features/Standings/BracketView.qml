@@ -156,7 +156,7 @@ Item {
                 objectName: "champion"
                 width: parent.width
                 visible: view.onFinal && view.bracket.championName.length > 0 && !view.model.hideScores
-                surfaceOpacity: view.model.surfaceOpacity
+                surfaceOpacity: view.model.glass.surfaceOpacity
                 tint: Qt.rgba(Theme.playoffAmber.r, Theme.playoffAmber.g, Theme.playoffAmber.b, 0.14)
                 Accessible.role: Accessible.StaticText
                 Accessible.name: "Champion: " + view.bracket.championName

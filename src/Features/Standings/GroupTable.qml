@@ -18,7 +18,7 @@ GlassCard {
     readonly property bool concealed: model.hideScores
     readonly property int rowHeight: 36
 
-    surfaceOpacity: model.surfaceOpacity
+    surfaceOpacity: model.glass.surfaceOpacity
     padding: 10
 
     Column {

@@ -35,7 +35,7 @@ Item {
                 visible: message.length > 0
                 message: screen.model.errorMessage
                 onRetry: screen.model.refresh()
-                surfaceOpacity: screen.model.surfaceOpacity
+                surfaceOpacity: screen.model.glass.surfaceOpacity
             }
             SectionHeading {
                 width: parent.width
@@ -48,7 +48,7 @@ Item {
                 objectName: "teamList"
                 width: parent.width
                 visible: screen.teamCount > 0
-                surfaceOpacity: screen.model.surfaceOpacity
+                surfaceOpacity: screen.model.glass.surfaceOpacity
                 padding: 6
                 transform: AppearAnimation { target: list }
 
