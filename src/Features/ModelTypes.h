@@ -14,6 +14,7 @@
 #include "Models/TeamSearchResult.h"
 #include "Models/TeamSummary.h"
 #include "Navigation/PanelRoute.h"
+#include "State/AlertPreferences.h"
 #include "State/AppModel.h"
 #include "State/GlassPreferences.h"
 #include "UpdateController.h"
@@ -37,6 +38,13 @@ struct GlassPreferencesForeign {
     QML_FOREIGN(GlassPreferences)
     QML_NAMED_ELEMENT(GlassPreferences)
     QML_UNCREATABLE("The model keeps the glass settings.")
+};
+
+struct AlertPreferencesForeign {
+    Q_GADGET
+    QML_FOREIGN(AlertPreferences)
+    QML_NAMED_ELEMENT(AlertPreferences)
+    QML_UNCREATABLE("The model keeps the alert settings.")
 };
 
 struct ScreenListsForeign {

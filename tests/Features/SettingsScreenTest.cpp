@@ -140,11 +140,11 @@ void SettingsScreenTest::switchesStoreTheirSetting_data()
     QTest::addColumn<QByteArray>("property");
 
     // clang-format off
-    QTest::newRow("match alerts") << "notificationsEnabled" << "NotificationsEnabled" << QByteArray("notificationsEnabled");
-    QTest::newRow("kick-off") << "notifyMatchStart" << "NotifyMatchStart" << QByteArray("notifyMatchStart");
-    QTest::newRow("goals") << "notifyGoals" << "NotifyGoals" << QByteArray("notifyGoals");
-    QTest::newRow("full time") << "notifyFullTime" << "NotifyFullTime" << QByteArray("notifyFullTime");
-    QTest::newRow("banners") << "inAppBanners" << "InAppBanners" << QByteArray("inAppBanners");
+    QTest::newRow("match alerts") << "notificationsEnabled" << "NotificationsEnabled" << QByteArray("alerts.notificationsEnabled");
+    QTest::newRow("kick-off") << "notifyMatchStart" << "NotifyMatchStart" << QByteArray("alerts.notifyMatchStart");
+    QTest::newRow("goals") << "notifyGoals" << "NotifyGoals" << QByteArray("alerts.notifyGoals");
+    QTest::newRow("full time") << "notifyFullTime" << "NotifyFullTime" << QByteArray("alerts.notifyFullTime");
+    QTest::newRow("banners") << "inAppBanners" << "InAppBanners" << QByteArray("alerts.inAppBanners");
     QTest::newRow("floating cards") << "floatingCards" << "FloatingCards" << QByteArray("glass.floatingCards");
     // clang-format on
 }
@@ -156,8 +156,8 @@ void SettingsScreenTest::switchesStoreTheirSetting()
     QFETCH(QByteArray, property);
 
     // The three kinds can be chosen only while alerts are on.
-    m_panel->model->setNotificationsEnabled(true);
-    const bool before = m_panel->model->property(property).toBool();
+    m_panel->model->alerts().setNotificationsEnabled(true);
+    const bool before = setting(*m_panel->model, property).toBool();
     clickAt(control, 0.5);
     QCOMPARE(setting(*m_panel->model, property).toBool(), !before);
     QCOMPARE(stored(*m_panel, key), QJsonValue(!before));

@@ -50,7 +50,7 @@ void AlertsTest::init()
     const QDateTime opening(QDate(2026, 6, 11), QTime(18, 0), QTimeZone::utc());
     m_model->applyTeams(
         APITeamsResponse::decode(m_feed.body(FeedEndpoint::Teams, instantFromDateTime(opening)))->teams);
-    m_model->setNotificationsEnabled(true);
+    m_model->alerts().setNotificationsEnabled(true);
     m_model->toggleFavorite(QStringLiteral("1"));
 }
 
@@ -107,18 +107,18 @@ void AlertsTest::correctedScoreSaysNothing()
 
 void AlertsTest::switchedOffThenOnDoesNotReplay()
 {
-    m_model->setNotificationsEnabled(false);
+    m_model->alerts().setNotificationsEnabled(false);
     QCOMPARE(applyCollectingAlerts(gamesAt(18, 50)), QStringList());
     QCOMPARE(applyCollectingAlerts(gamesAt(19, 12)), QStringList());
-    m_model->setNotificationsEnabled(true);
+    m_model->alerts().setNotificationsEnabled(true);
     QCOMPARE(applyCollectingAlerts(gamesAt(19, 20)), QStringList());
     QVERIFY(!m_model->activeBanner());
 }
 
 void AlertsTest::bannersFollowTheirSwitch()
 {
-    m_model->setInAppBanners(false);
-    m_model->setNotifyMatchStart(false);
+    m_model->alerts().setInAppBanners(false);
+    m_model->alerts().setNotifyMatchStart(false);
     applyCollectingAlerts(gamesAt(18, 50));
     QCOMPARE(applyCollectingAlerts(gamesAt(19, 12)), QStringList{"Goal!: Mexico 1 – 0 South Africa"});
     QVERIFY(!m_model->activeBanner());

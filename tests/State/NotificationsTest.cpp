@@ -157,7 +157,7 @@ void NotificationsTest::clickOpensTheMatchPage()
 {
     ModelFixture fixture;
     const auto model = fixture.makeModel({}, std::make_unique<FreedesktopNotificationSender>());
-    model->setNotificationsEnabled(true);
+    model->alerts().setNotificationsEnabled(true);
     model->toggleFavorite(QStringLiteral("1"));
     const auto games = [](const char *elapsed, const char *homeScore) {
         return APIGamesResponse::decode(QStringLiteral(R"([{"id":"1","home_team_id":"1","away_team_id":"2",

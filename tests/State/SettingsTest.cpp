@@ -190,11 +190,12 @@ void SettingsTest::modelLoadsWithDefaults()
     QTEST(model->property("trayDisplayMode").toString(), "trayDisplayMode");
     QTEST(model->property("favoriteTeamIDs").toStringList(), "favorites");
     QTEST(model->glass().blur(), "glassBlur");
-    QTEST(model->notificationsEnabled(), "notificationsEnabled");
+    QTEST(model->alerts().notificationsEnabled(), "notificationsEnabled");
     // The floating style never outlives a run, and the switches keep their defaults.
     QVERIFY(!model->glass().floatingCards());
-    QVERIFY(model->notifyMatchStart() && model->notifyGoals() && model->notifyFullTime() &&
-            model->inAppBanners());
+    const AlertPreferences &alerts = model->alerts();
+    QVERIFY(alerts.notifyMatchStart() && alerts.notifyGoals() && alerts.notifyFullTime() &&
+            alerts.inAppBanners());
     QVERIFY(!model->pinnedLiveMatchID());
 }
 
@@ -209,7 +210,7 @@ void SettingsTest::actionsPersist()
         model->toggleFavorite(QStringLiteral("3"));
         model->togglePinnedMatch(QStringLiteral("104"));
         model->updateRefreshInterval(RefreshInterval::fifteen);
-        model->setNotificationsEnabled(true);
+        model->alerts().setNotificationsEnabled(true);
         model->glass().setFloatingCards(true);
     }
     const QJsonObject stored = QJsonDocument::fromJson(readFile(fixture.settingsPath())).object();
@@ -226,7 +227,7 @@ void SettingsTest::actionsPersist()
     QCOMPARE(restarted->pinnedLiveMatchID(), std::optional<QString>("104"));
     QCOMPARE(restarted->trayDisplayMode(), TrayDisplayMode::pinned);
     QCOMPARE(restarted->refreshInterval(), RefreshInterval::fifteen);
-    QVERIFY(restarted->notificationsEnabled());
+    QVERIFY(restarted->alerts().notificationsEnabled());
     QVERIFY(!restarted->glass().floatingCards());
 
     restarted->togglePinnedMatch(QStringLiteral("104"));

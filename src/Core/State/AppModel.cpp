@@ -28,7 +28,8 @@ AppModel::AppModel(Services services, QObject *parent)
       m_notifier(std::move(services.notifications)),
       m_now(services.now ? std::move(services.now) : [] { return QDateTime::currentDateTimeUtc(); }),
       m_openFile(services.openFile ? std::move(services.openFile) : [](const QString &) {}),
-      m_glass(*m_settings, std::move(services.applyTint), this), m_allGroups(groupLetters())
+      m_glass(*m_settings, std::move(services.applyTint), this), m_alerts(*m_settings, this),
+      m_allGroups(groupLetters())
 {
     m_selectedDate = WCFormatters::shared().dateKey(now());
     m_bannerTimer.setSingleShot(true);
@@ -68,11 +69,6 @@ void AppModel::loadSettings()
     m_refreshInterval =
         refreshIntervalFromSeconds(m_settings->integer(SettingsKeys::refreshIntervalSeconds).value_or(30))
             .value_or(RefreshInterval::thirty);
-    m_notificationsEnabled = m_settings->boolean(SettingsKeys::notificationsEnabled).value_or(false);
-    m_notifyMatchStart = m_settings->boolean(SettingsKeys::notifyMatchStart).value_or(true);
-    m_notifyGoals = m_settings->boolean(SettingsKeys::notifyGoals).value_or(true);
-    m_notifyFullTime = m_settings->boolean(SettingsKeys::notifyFullTime).value_or(true);
-    m_inAppBanners = m_settings->boolean(SettingsKeys::inAppBanners).value_or(true);
     m_hideScores = m_settings->boolean(SettingsKeys::hideScores).value_or(false);
 }
 
@@ -291,42 +287,6 @@ void AppModel::setStartAtLoginStatusMessage(const std::optional<QString> &messag
 {
     m_startAtLoginStatusMessage = message;
     emit startAtLoginStatusMessageChanged();
-}
-
-void AppModel::setNotificationsEnabled(bool enabled)
-{
-    // Desktop notification services need no permission request, so switching on only stores the switch.
-    m_notificationsEnabled = enabled;
-    emit notificationsEnabledChanged();
-    m_settings->set(SettingsKeys::notificationsEnabled, enabled);
-}
-
-void AppModel::setNotifyMatchStart(bool enabled)
-{
-    m_notifyMatchStart = enabled;
-    emit notifyMatchStartChanged();
-    m_settings->set(SettingsKeys::notifyMatchStart, enabled);
-}
-
-void AppModel::setNotifyGoals(bool enabled)
-{
-    m_notifyGoals = enabled;
-    emit notifyGoalsChanged();
-    m_settings->set(SettingsKeys::notifyGoals, enabled);
-}
-
-void AppModel::setNotifyFullTime(bool enabled)
-{
-    m_notifyFullTime = enabled;
-    emit notifyFullTimeChanged();
-    m_settings->set(SettingsKeys::notifyFullTime, enabled);
-}
-
-void AppModel::setInAppBanners(bool enabled)
-{
-    m_inAppBanners = enabled;
-    emit inAppBannersChanged();
-    m_settings->set(SettingsKeys::inAppBanners, enabled);
 }
 
 void AppModel::setActiveBanner(const std::optional<BannerState> &banner)

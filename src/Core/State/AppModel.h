@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AlertPreferences.h"
 #include "AppEnums.h"
 #include "GlassPreferences.h"
 #include "Lists/ScreenLists.h"
@@ -34,8 +35,9 @@
 
 // The one owner of Pitchlark's state: tournament data as last received, what the panel shows, the
 // navigation stack, the user's settings, the refresh cycle and match alerts. Lives on the main thread.
-// Every observed member notifies on every write, even of an equal value; derived data is recomputed by
-// the code that changes its inputs.
+// Cohesive parts of it live in small objects the model owns, and the model rebuilds what depends on
+// them when they signal a change. Its own observed members notify on every write, even of an equal
+// value; derived data is recomputed by the code that changes its inputs.
 class AppModel : public QObject {
     Q_OBJECT
     Q_PROPERTY(QList<Match> matches READ matches NOTIFY matchesChanged)
@@ -66,13 +68,6 @@ class AppModel : public QObject {
     Q_PROPERTY(bool startAtLoginEnabled READ startAtLoginEnabled NOTIFY startAtLoginEnabledChanged)
     Q_PROPERTY(QString startAtLoginStatusMessage READ startAtLoginStatusMessageText NOTIFY
                    startAtLoginStatusMessageChanged)
-    Q_PROPERTY(bool notificationsEnabled READ notificationsEnabled WRITE setNotificationsEnabled NOTIFY
-                   notificationsEnabledChanged)
-    Q_PROPERTY(
-        bool notifyMatchStart READ notifyMatchStart WRITE setNotifyMatchStart NOTIFY notifyMatchStartChanged)
-    Q_PROPERTY(bool notifyGoals READ notifyGoals WRITE setNotifyGoals NOTIFY notifyGoalsChanged)
-    Q_PROPERTY(bool notifyFullTime READ notifyFullTime WRITE setNotifyFullTime NOTIFY notifyFullTimeChanged)
-    Q_PROPERTY(bool inAppBanners READ inAppBanners WRITE setInAppBanners NOTIFY inAppBannersChanged)
     Q_PROPERTY(QVariant activeBanner READ activeBannerValue NOTIFY activeBannerChanged)
     Q_PROPERTY(bool hideScores READ hideScores WRITE setHideScores NOTIFY hideScoresChanged)
     // The matches whose scores the user revealed this session while scores are hidden.
@@ -89,6 +84,7 @@ class AppModel : public QObject {
     Q_PROPERTY(ScreenLists *lists READ lists CONSTANT)
     // The parts of the state that live in objects of their own.
     Q_PROPERTY(GlassPreferences *glass READ glassObject CONSTANT)
+    Q_PROPERTY(AlertPreferences *alerts READ alertsObject CONSTANT)
     // Depends on the favourites and on the tables, which arrive before the caches are rebuilt.
     Q_PROPERTY(QStringList groupsByInterest READ groupsByInterest NOTIFY favoriteTeamsChanged)
     // What the fixtures screen says when the selected day has no matches.
@@ -140,11 +136,6 @@ public:
     RefreshInterval refreshInterval() const { return m_refreshInterval; }
     bool startAtLoginEnabled() const { return m_startAtLoginEnabled; }
     const std::optional<QString> &startAtLoginStatusMessage() const { return m_startAtLoginStatusMessage; }
-    bool notificationsEnabled() const { return m_notificationsEnabled; }
-    bool notifyMatchStart() const { return m_notifyMatchStart; }
-    bool notifyGoals() const { return m_notifyGoals; }
-    bool notifyFullTime() const { return m_notifyFullTime; }
-    bool inAppBanners() const { return m_inAppBanners; }
     const std::optional<BannerState> &activeBanner() const { return m_activeBanner; }
     bool hideScores() const { return m_hideScores; }
     const TeamTable &teamsByID() const { return m_teamsByID; }
@@ -166,6 +157,8 @@ public:
     // The parts of the state that live in objects of their own.
     GlassPreferences &glass() { return m_glass; }
     const GlassPreferences &glass() const { return m_glass; }
+    AlertPreferences &alerts() { return m_alerts; }
+    const AlertPreferences &alerts() const { return m_alerts; }
 
     // Writes made directly by the screens.
     void setSection(Section section);
@@ -174,11 +167,6 @@ public:
     void setShowsBracket(bool shows);
     void setTeamSearchText(const QString &text);
     void setSelectedTeamFilterID(const std::optional<QString> &teamID);
-    void setNotificationsEnabled(bool enabled);
-    void setNotifyMatchStart(bool enabled);
-    void setNotifyGoals(bool enabled);
-    void setNotifyFullTime(bool enabled);
-    void setInAppBanners(bool enabled);
     void setHideScores(bool hidden);
 
     // Refresh cycle.
@@ -303,11 +291,6 @@ signals:
     void refreshIntervalChanged();
     void startAtLoginEnabledChanged();
     void startAtLoginStatusMessageChanged();
-    void notificationsEnabledChanged();
-    void notifyMatchStartChanged();
-    void notifyGoalsChanged();
-    void notifyFullTimeChanged();
-    void inAppBannersChanged();
     void activeBannerChanged();
     void hideScoresChanged();
     void revealedMatchIDsChanged();
@@ -365,6 +348,7 @@ private:
     bool involvesFavorite(const Match &match) const;
     ScreenLists *lists() { return &m_lists; }
     GlassPreferences *glassObject() { return &m_glass; }
+    AlertPreferences *alertsObject() { return &m_alerts; }
     struct FavoriteMatchGroups {
         QList<Match> running;
         QList<Match> coming;
@@ -398,11 +382,6 @@ private:
     RefreshInterval m_refreshInterval = RefreshInterval::thirty;
     bool m_startAtLoginEnabled = false;
     std::optional<QString> m_startAtLoginStatusMessage;
-    bool m_notificationsEnabled = false;
-    bool m_notifyMatchStart = true;
-    bool m_notifyGoals = true;
-    bool m_notifyFullTime = true;
-    bool m_inAppBanners = true;
     std::optional<BannerState> m_activeBanner;
     bool m_hideScores = false;
     QSet<QString> m_revealedMatchIDs;
@@ -428,6 +407,7 @@ private:
     // The parts of the state kept in objects of their own: after m_settings and m_now, which they are
     // built from, so that the glass still has its store when it writes its last values on destruction.
     GlassPreferences m_glass;
+    AlertPreferences m_alerts;
     std::unique_ptr<QTimer> m_pollingTimer;
     bool m_isFetching = false;
     QHash<QString, MatchSnapshot> m_matchSnapshots;

@@ -18,7 +18,7 @@ int totalGoals(std::optional<int> home, std::optional<int> away)
 
 void AppModel::processNotificationEvents(const QList<Match> &matches)
 {
-    if (m_notificationsEnabled && m_hasSeededSnapshots && !matches.isEmpty()) {
+    if (m_alerts.notificationsEnabled() && m_hasSeededSnapshots && !matches.isEmpty()) {
         for (const Match &match : matches) {
             if (!involvesFavorite(match))
                 continue;
@@ -26,13 +26,14 @@ void AppModel::processNotificationEvents(const QList<Match> &matches)
             const auto previous = m_matchSnapshots.constFind(match.id);
             if (previous == m_matchSnapshots.constEnd())
                 continue;
-            if (m_notifyMatchStart && previous->status == MatchStatus::scheduled && isLive(match.status))
+            if (m_alerts.notifyMatchStart() && previous->status == MatchStatus::scheduled &&
+                isLive(match.status))
                 emitAlert(BannerState::Kind::kickoff, match);
             // One alert however many goals came in since the last fetch; a corrected score says nothing.
-            if (m_notifyGoals && isLive(match.status) &&
+            if (m_alerts.notifyGoals() && isLive(match.status) &&
                 totalGoals(previous->home, previous->away) < totalGoals(match.homeScore, match.awayScore))
                 emitAlert(BannerState::Kind::goal, match);
-            if (m_notifyFullTime && previous->status != MatchStatus::finished &&
+            if (m_alerts.notifyFullTime() && previous->status != MatchStatus::finished &&
                 match.status == MatchStatus::finished)
                 emitAlert(BannerState::Kind::fullTime, match);
         }
@@ -73,7 +74,7 @@ void AppModel::emitAlert(BannerState::Kind kind, const Match &match)
     }
     m_notifier.add(MatchNotification{match.id, kind, title, body});
     emit alertRaised(kind, title, body);
-    if (m_inAppBanners)
+    if (m_alerts.inAppBanners())
         presentBanner(BannerState{freshIdentity(), title, body, kind});
 }
 

@@ -12,40 +12,40 @@ SettingsSection {
         controlName: "notificationsEnabled"
         title: "Match alerts"
         detail: "Desktop notifications for the teams you follow"
-        checked: section.model.notificationsEnabled
-        onToggled: checked => section.model.notificationsEnabled = checked
+        checked: section.model.alerts.notificationsEnabled
+        onToggled: checked => section.model.alerts.notificationsEnabled = checked
     }
     // The kinds only matter while alerts are on.
     SwitchRow {
         width: parent.width
-        enabled: section.model.notificationsEnabled
+        enabled: section.model.alerts.notificationsEnabled
         controlName: "notifyMatchStart"
         title: "Kick-off"
-        checked: section.model.notifyMatchStart
-        onToggled: checked => section.model.notifyMatchStart = checked
+        checked: section.model.alerts.notifyMatchStart
+        onToggled: checked => section.model.alerts.notifyMatchStart = checked
     }
     SwitchRow {
         width: parent.width
-        enabled: section.model.notificationsEnabled
+        enabled: section.model.alerts.notificationsEnabled
         controlName: "notifyGoals"
         title: "Goals"
-        checked: section.model.notifyGoals
-        onToggled: checked => section.model.notifyGoals = checked
+        checked: section.model.alerts.notifyGoals
+        onToggled: checked => section.model.alerts.notifyGoals = checked
     }
     SwitchRow {
         width: parent.width
-        enabled: section.model.notificationsEnabled
+        enabled: section.model.alerts.notificationsEnabled
         controlName: "notifyFullTime"
         title: "Full time"
-        checked: section.model.notifyFullTime
-        onToggled: checked => section.model.notifyFullTime = checked
+        checked: section.model.alerts.notifyFullTime
+        onToggled: checked => section.model.alerts.notifyFullTime = checked
     }
     SwitchRow {
         width: parent.width
         controlName: "inAppBanners"
         title: "In-panel banners"
         detail: "Show alerts at the top of the open panel"
-        checked: section.model.inAppBanners
-        onToggled: checked => section.model.inAppBanners = checked
+        checked: section.model.alerts.inAppBanners
+        onToggled: checked => section.model.alerts.inAppBanners = checked
     }
 }
