@@ -63,7 +63,8 @@ void AppDelegate::launch(std::unique_ptr<TrayItem> tray)
         connect(m_tray.get(), &TrayItem::quitRequested, qApp, &QCoreApplication::quit);
         connect(m_tray.get(), &TrayItem::hostChanged, this, &AppDelegate::updateTrayIconScore);
     }
-    connect(&m_model, &AppModel::trayIconScoreChanged, this, &AppDelegate::updateTrayIconScore);
+    connect(&m_model.menuBar(), &MenuBarPreferences::iconScoreChanged, this,
+            &AppDelegate::updateTrayIconScore);
     updateTrayIconScore();
     connect(&m_model, &AppModel::trayTitleChanged, this, &AppDelegate::updateStatusTitle);
     connect(&m_model, &AppModel::panelRequested, this, [this] {
@@ -99,7 +100,7 @@ void AppDelegate::updateTrayIconScore()
 {
     if (!m_tray)
         return;
-    switch (m_model.trayIconScore()) {
+    switch (m_model.menuBar().iconScore()) {
     case TrayIconScore::automatic:
         m_tray->setScoreInIcon(!m_tray->hostShowsLabels());
         return;

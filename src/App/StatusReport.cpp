@@ -124,9 +124,9 @@ QJsonObject settingsJson(const AppModel &model)
     return {
         {QStringLiteral("favoriteTeamIDs"),
          QJsonArray::fromStringList(model.property("favoriteTeamIDs").toStringList())},
-        {QStringLiteral("pinnedLiveMatchID"), optional(model.pinnedLiveMatchID())},
-        {QStringLiteral("trayDisplayMode"), rawValue(model.trayDisplayMode())},
-        {QStringLiteral("refreshInterval"), seconds(model.refreshInterval())},
+        {QStringLiteral("pinnedLiveMatchID"), optional(model.menuBar().pinnedLiveMatchID())},
+        {QStringLiteral("trayDisplayMode"), rawValue(model.menuBar().displayMode())},
+        {QStringLiteral("refreshInterval"), seconds(model.menuBar().refreshInterval())},
         {QStringLiteral("notificationsEnabled"), model.alerts().notificationsEnabled()},
         {QStringLiteral("notifyMatchStart"), model.alerts().notifyMatchStart()},
         {QStringLiteral("notifyGoals"), model.alerts().notifyGoals()},

@@ -17,6 +17,7 @@
 #include "State/AlertPreferences.h"
 #include "State/AppModel.h"
 #include "State/GlassPreferences.h"
+#include "State/MenuBarPreferences.h"
 #include "UpdateController.h"
 #include "UpdatePhase.h"
 
@@ -45,6 +46,13 @@ struct AlertPreferencesForeign {
     QML_FOREIGN(AlertPreferences)
     QML_NAMED_ELEMENT(AlertPreferences)
     QML_UNCREATABLE("The model keeps the alert settings.")
+};
+
+struct MenuBarPreferencesForeign {
+    Q_GADGET
+    QML_FOREIGN(MenuBarPreferences)
+    QML_NAMED_ELEMENT(MenuBarPreferences)
+    QML_UNCREATABLE("The model keeps the menu bar settings.")
 };
 
 struct ScreenListsForeign {

@@ -129,7 +129,7 @@ void TrayActivationTest::iconScoreFollowsTheSetting()
 {
     QFETCH(QString, choice);
     QVERIFY(m_delegate->model().trayTitle().has_value());
-    m_delegate->model().updateTrayIconScore(choice);
+    m_delegate->model().menuBar().updateIconScore(choice);
     QTEST(m_tray->iconName().isEmpty(), "scoreShown");
 }
 

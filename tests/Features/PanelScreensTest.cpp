@@ -191,11 +191,11 @@ void PanelScreensTest::pinSwitchesTheMenuBarMode()
 {
     const Match live = m_panel->model->matches().constFirst();
     m_panel->click(QStringLiteral("pin-") + live.id);
-    QCOMPARE(m_panel->model->pinnedLiveMatchID(), std::optional(live.id));
-    QCOMPARE(m_panel->model->trayDisplayMode(), TrayDisplayMode::pinned);
+    QCOMPARE(m_panel->model->menuBar().pinnedLiveMatchID(), std::optional(live.id));
+    QCOMPARE(m_panel->model->menuBar().displayMode(), TrayDisplayMode::pinned);
     m_panel->click(QStringLiteral("pin-") + live.id);
-    QCOMPARE(m_panel->model->pinnedLiveMatchID(), std::nullopt);
-    QCOMPARE(m_panel->model->trayDisplayMode(), TrayDisplayMode::automatic);
+    QCOMPARE(m_panel->model->menuBar().pinnedLiveMatchID(), std::nullopt);
+    QCOMPARE(m_panel->model->menuBar().displayMode(), TrayDisplayMode::automatic);
 }
 
 void PanelScreensTest::standingsShowTheGroupInOrderAndOpenTeams()

@@ -189,7 +189,7 @@ void SettingsScreenTest::intervalRestartsPolling()
     const QTimer *before = m_panel->model->pollingTimer();
     QCOMPARE(before->interval(), 30'000);
     clickAt(segment, 0.5);
-    QCOMPARE(m_panel->model->refreshInterval(), *refreshIntervalFromSeconds(seconds));
+    QCOMPARE(m_panel->model->menuBar().refreshInterval(), *refreshIntervalFromSeconds(seconds));
     QCOMPARE(stored(*m_panel, QStringLiteral("RefreshIntervalSeconds")), QJsonValue(seconds));
     const QTimer *timer = m_panel->model->pollingTimer();
     QVERIFY(timer->isActive());
@@ -219,10 +219,10 @@ void SettingsScreenTest::modeChangesTheMenuBarChoice()
     QFETCH(QString, description);
 
     // Start away from the mode under test, so that the click has something to change.
-    m_panel->model->updateTrayDisplayMode(mode == u"auto" ? QStringLiteral("rotate")
-                                                          : QStringLiteral("auto"));
+    m_panel->model->menuBar().updateDisplayMode(mode == u"auto" ? QStringLiteral("rotate")
+                                                                : QStringLiteral("auto"));
     clickAt(QStringLiteral("segment-") + mode, 0.5);
-    QCOMPARE(m_panel->model->property("trayDisplayMode").toString(), mode);
+    QCOMPARE(m_panel->model->menuBar().property("displayMode").toString(), mode);
     QCOMPARE(stored(*m_panel, QStringLiteral("TrayDisplayMode")), QJsonValue(mode));
     QList<QQuickItem *> texts;
     collectTexts(m_panel->window->contentItem(), texts);

@@ -166,12 +166,12 @@ void ModelQueriesTest::trayTitle()
     QFETCH(QString, pin);
     QFETCH(QString, expectedMatch);
     if (!pin.isEmpty())
-        m_model->togglePinnedMatch(pin);
-    m_model->updateTrayDisplayMode(mode);
+        m_model->menuBar().togglePinnedMatch(pin);
+    m_model->menuBar().updateDisplayMode(mode);
     const auto expected = std::find_if(m_model->allMatches().cbegin(), m_model->allMatches().cend(),
                                        [&](const Match &match) { return match.id == expectedMatch; });
     QCOMPARE(m_model->trayTitle(), std::optional(expected->trayMenuBarTitle()));
-    QCOMPARE(m_model->pinnedLiveMatchID(), pin.isEmpty() ? std::nullopt : std::optional(pin));
+    QCOMPARE(m_model->menuBar().pinnedLiveMatchID(), pin.isEmpty() ? std::nullopt : std::optional(pin));
 }
 
 void ModelQueriesTest::contestedKickoffs()

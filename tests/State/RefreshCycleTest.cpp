@@ -207,7 +207,7 @@ void RefreshCycleTest::pollingTicksOnePeriodAfterItsLastStart()
     model->startPolling();
     QTest::qWait(5000);
     // A new interval restarts the timer: the first cycle comes one new period after the change.
-    model->updateRefreshInterval(15);
+    model->menuBar().updateRefreshInterval(15);
     QTest::qWait(14'000);
     QCOMPARE(loading.count(), 0);
     QTRY_COMPARE_WITH_TIMEOUT(loading.count(), 2, 3000);

@@ -186,8 +186,8 @@ void SettingsTest::modelLoadsWithDefaults()
         writeFile(fixture.settingsPath(), settings);
 
     const auto model = fixture.makeModel();
-    QTEST(model->property("refreshInterval").toInt(), "refreshInterval");
-    QTEST(model->property("trayDisplayMode").toString(), "trayDisplayMode");
+    QTEST(model->menuBar().property("refreshInterval").toInt(), "refreshInterval");
+    QTEST(model->menuBar().property("displayMode").toString(), "trayDisplayMode");
     QTEST(model->property("favoriteTeamIDs").toStringList(), "favorites");
     QTEST(model->glass().blur(), "glassBlur");
     QTEST(model->alerts().notificationsEnabled(), "notificationsEnabled");
@@ -196,7 +196,7 @@ void SettingsTest::modelLoadsWithDefaults()
     const AlertPreferences &alerts = model->alerts();
     QVERIFY(alerts.notifyMatchStart() && alerts.notifyGoals() && alerts.notifyFullTime() &&
             alerts.inAppBanners());
-    QVERIFY(!model->pinnedLiveMatchID());
+    QVERIFY(!model->menuBar().pinnedLiveMatchID());
 }
 
 void SettingsTest::actionsPersist()
@@ -208,8 +208,8 @@ void SettingsTest::actionsPersist()
         model->toggleFavorite(QStringLiteral("12"));
         model->toggleFavorite(QStringLiteral("3"));
         model->toggleFavorite(QStringLiteral("3"));
-        model->togglePinnedMatch(QStringLiteral("104"));
-        model->updateRefreshInterval(RefreshInterval::fifteen);
+        model->menuBar().togglePinnedMatch(QStringLiteral("104"));
+        model->menuBar().updateRefreshInterval(RefreshInterval::fifteen);
         model->alerts().setNotificationsEnabled(true);
         model->glass().setFloatingCards(true);
     }
@@ -224,13 +224,13 @@ void SettingsTest::actionsPersist()
 
     const auto restarted = fixture.makeModel();
     QCOMPARE(restarted->favoriteTeamIDs(), QSet<QString>({"7", "12"}));
-    QCOMPARE(restarted->pinnedLiveMatchID(), std::optional<QString>("104"));
-    QCOMPARE(restarted->trayDisplayMode(), TrayDisplayMode::pinned);
-    QCOMPARE(restarted->refreshInterval(), RefreshInterval::fifteen);
+    QCOMPARE(restarted->menuBar().pinnedLiveMatchID(), std::optional<QString>("104"));
+    QCOMPARE(restarted->menuBar().displayMode(), TrayDisplayMode::pinned);
+    QCOMPARE(restarted->menuBar().refreshInterval(), RefreshInterval::fifteen);
     QVERIFY(restarted->alerts().notificationsEnabled());
     QVERIFY(!restarted->glass().floatingCards());
 
-    restarted->togglePinnedMatch(QStringLiteral("104"));
+    restarted->menuBar().togglePinnedMatch(QStringLiteral("104"));
     QVERIFY(
         !QJsonDocument::fromJson(readFile(fixture.settingsPath())).object().contains("PinnedLiveMatchID"));
 }

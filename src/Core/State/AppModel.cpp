@@ -29,7 +29,7 @@ AppModel::AppModel(Services services, QObject *parent)
       m_now(services.now ? std::move(services.now) : [] { return QDateTime::currentDateTimeUtc(); }),
       m_openFile(services.openFile ? std::move(services.openFile) : [](const QString &) {}),
       m_glass(*m_settings, std::move(services.applyTint), this), m_alerts(*m_settings, this),
-      m_allGroups(groupLetters())
+      m_menuBar(*m_settings, this), m_allGroups(groupLetters())
 {
     m_selectedDate = WCFormatters::shared().dateKey(now());
     m_bannerTimer.setSingleShot(true);
@@ -37,6 +37,10 @@ AppModel::AppModel(Services services, QObject *parent)
     m_bannerTimer.setInterval(bannerLifetime);
     loadSettings();
     m_loginItem->onStatusChange = [this] { refreshStartAtLoginState(); };
+    // The tray's title follows its choices; the polling timer, the period.
+    connect(&m_menuBar, &MenuBarPreferences::displayModeChanged, this, &AppModel::rebuildGlobalCaches);
+    connect(&m_menuBar, &MenuBarPreferences::pinnedLiveMatchIDChanged, this, &AppModel::rebuildGlobalCaches);
+    connect(&m_menuBar, &MenuBarPreferences::refreshIntervalChanged, this, &AppModel::startPolling);
     if (NotificationSender *center = m_notifier.center())
         connect(center, &NotificationSender::activated, this, &AppModel::showMatchFromNotification);
     refreshStartAtLoginState();
@@ -58,17 +62,6 @@ void AppModel::loadSettings()
     m_favoriteTeamIDs = QSet<QString>(favorites.cbegin(), favorites.cend());
     // Earlier versions let a knockout slot be followed as team "0".
     m_favoriteTeamIDs.removeIf([](const QString &teamID) { return !BracketSlot::isDecidedSide(teamID); });
-    m_pinnedLiveMatchID = m_settings->string(SettingsKeys::pinnedLiveMatchID);
-    m_trayDisplayMode =
-        trayDisplayModeFromRawValue(m_settings->string(SettingsKeys::trayDisplayMode).value_or(QString()))
-            .value_or(TrayDisplayMode::automatic);
-    m_trayIconScore =
-        trayIconScoreFromRawValue(m_settings->string(SettingsKeys::trayIconScore).value_or(QString()))
-            .value_or(TrayIconScore::automatic);
-    // 15, 60 and 300 are kept; every other number, and anything that is not a number, means 30 s.
-    m_refreshInterval =
-        refreshIntervalFromSeconds(m_settings->integer(SettingsKeys::refreshIntervalSeconds).value_or(30))
-            .value_or(RefreshInterval::thirty);
     m_hideScores = m_settings->boolean(SettingsKeys::hideScores).value_or(false);
 }
 
@@ -257,24 +250,6 @@ QStringList AppModel::favoriteTeamIDList() const
     QStringList teamIDs(m_favoriteTeamIDs.cbegin(), m_favoriteTeamIDs.cend());
     teamIDs.sort();
     return teamIDs;
-}
-
-void AppModel::setPinnedLiveMatchID(const std::optional<QString> &matchID)
-{
-    m_pinnedLiveMatchID = matchID;
-    emit pinnedLiveMatchIDChanged();
-}
-
-void AppModel::setTrayDisplayMode(TrayDisplayMode mode)
-{
-    m_trayDisplayMode = mode;
-    emit trayDisplayModeChanged();
-}
-
-void AppModel::setRefreshInterval(RefreshInterval interval)
-{
-    m_refreshInterval = interval;
-    emit refreshIntervalChanged();
 }
 
 void AppModel::setStartAtLoginEnabled(bool enabled)

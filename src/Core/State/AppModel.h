@@ -5,6 +5,7 @@
 #include "GlassPreferences.h"
 #include "Lists/ScreenLists.h"
 #include "LoginItem.h"
+#include "MenuBarPreferences.h"
 #include "Models/APIResponses.h"
 #include "Models/BannerState.h"
 #include "Models/DayFacts.h"
@@ -61,10 +62,6 @@ class AppModel : public QObject {
     Q_PROPERTY(QVariant poppingRoute READ poppingRouteValue NOTIFY poppingRouteChanged)
     Q_PROPERTY(QList<PanelRoute> renderedRoutes READ renderedRoutes NOTIFY renderedRoutesChanged)
     Q_PROPERTY(QStringList favoriteTeamIDs READ favoriteTeamIDList NOTIFY favoriteTeamIDsChanged)
-    Q_PROPERTY(QString pinnedLiveMatchID READ pinnedLiveMatchIDText NOTIFY pinnedLiveMatchIDChanged)
-    Q_PROPERTY(QString trayDisplayMode READ trayDisplayModeName NOTIFY trayDisplayModeChanged)
-    Q_PROPERTY(QString trayIconScore READ trayIconScoreName NOTIFY trayIconScoreChanged)
-    Q_PROPERTY(int refreshInterval READ refreshIntervalSeconds NOTIFY refreshIntervalChanged)
     Q_PROPERTY(bool startAtLoginEnabled READ startAtLoginEnabled NOTIFY startAtLoginEnabledChanged)
     Q_PROPERTY(QString startAtLoginStatusMessage READ startAtLoginStatusMessageText NOTIFY
                    startAtLoginStatusMessageChanged)
@@ -85,6 +82,7 @@ class AppModel : public QObject {
     // The parts of the state that live in objects of their own.
     Q_PROPERTY(GlassPreferences *glass READ glassObject CONSTANT)
     Q_PROPERTY(AlertPreferences *alerts READ alertsObject CONSTANT)
+    Q_PROPERTY(MenuBarPreferences *menuBar READ menuBarObject CONSTANT)
     // Depends on the favourites and on the tables, which arrive before the caches are rebuilt.
     Q_PROPERTY(QStringList groupsByInterest READ groupsByInterest NOTIFY favoriteTeamsChanged)
     // What the fixtures screen says when the selected day has no matches.
@@ -130,10 +128,6 @@ public:
     const QList<PanelRoute> &detailStack() const { return m_detailStack; }
     const std::optional<PanelRoute> &poppingRoute() const { return m_poppingRoute; }
     const QSet<QString> &favoriteTeamIDs() const { return m_favoriteTeamIDs; }
-    const std::optional<QString> &pinnedLiveMatchID() const { return m_pinnedLiveMatchID; }
-    TrayDisplayMode trayDisplayMode() const { return m_trayDisplayMode; }
-    TrayIconScore trayIconScore() const { return m_trayIconScore; }
-    RefreshInterval refreshInterval() const { return m_refreshInterval; }
     bool startAtLoginEnabled() const { return m_startAtLoginEnabled; }
     const std::optional<QString> &startAtLoginStatusMessage() const { return m_startAtLoginStatusMessage; }
     const std::optional<BannerState> &activeBanner() const { return m_activeBanner; }
@@ -159,6 +153,8 @@ public:
     const GlassPreferences &glass() const { return m_glass; }
     AlertPreferences &alerts() { return m_alerts; }
     const AlertPreferences &alerts() const { return m_alerts; }
+    MenuBarPreferences &menuBar() { return m_menuBar; }
+    const MenuBarPreferences &menuBar() const { return m_menuBar; }
 
     // Writes made directly by the screens.
     void setSection(Section section);
@@ -188,12 +184,6 @@ public:
     // The fixtures page filtered to one team, with every detail page closed on the way.
     Q_INVOKABLE void showTeamFixtures(const QString &teamID);
     Q_INVOKABLE void toggleFavorite(const QString &teamID);
-    void updateTrayDisplayMode(TrayDisplayMode mode);
-    Q_INVOKABLE void updateTrayDisplayMode(const QString &rawValue);
-    Q_INVOKABLE void updateTrayIconScore(const QString &rawValue);
-    Q_INVOKABLE void togglePinnedMatch(const QString &matchID);
-    void updateRefreshInterval(RefreshInterval interval);
-    Q_INVOKABLE void updateRefreshInterval(int seconds);
     Q_INVOKABLE void refreshStartAtLoginState();
     Q_INVOKABLE void updateStartAtLogin(bool enabled);
 
@@ -285,10 +275,6 @@ signals:
     void poppingRouteChanged();
     void renderedRoutesChanged();
     void favoriteTeamIDsChanged();
-    void pinnedLiveMatchIDChanged();
-    void trayDisplayModeChanged();
-    void trayIconScoreChanged();
-    void refreshIntervalChanged();
     void startAtLoginEnabledChanged();
     void startAtLoginStatusMessageChanged();
     void activeBannerChanged();
@@ -312,10 +298,6 @@ private:
     void setSelectedTeamFilterIDText(const QString &teamID);
     QVariant poppingRouteValue() const;
     QStringList favoriteTeamIDList() const;
-    QString pinnedLiveMatchIDText() const { return m_pinnedLiveMatchID.value_or(QString()); }
-    QString trayDisplayModeName() const { return rawValue(m_trayDisplayMode); }
-    QString trayIconScoreName() const { return rawValue(m_trayIconScore); }
-    int refreshIntervalSeconds() const { return seconds(m_refreshInterval); }
     QString startAtLoginStatusMessageText() const { return m_startAtLoginStatusMessage.value_or(QString()); }
     QVariant activeBannerValue() const;
     QStringList revealedMatchIDList() const;
@@ -330,9 +312,6 @@ private:
     void setDetailStack(const QList<PanelRoute> &stack);
     void setPoppingRoute(const std::optional<PanelRoute> &route);
     void setFavoriteTeamIDs(const QSet<QString> &teamIDs);
-    void setPinnedLiveMatchID(const std::optional<QString> &matchID);
-    void setTrayDisplayMode(TrayDisplayMode mode);
-    void setRefreshInterval(RefreshInterval interval);
     void setStartAtLoginEnabled(bool enabled);
     void setStartAtLoginStatusMessage(const std::optional<QString> &message);
     void setActiveBanner(const std::optional<BannerState> &banner);
@@ -349,6 +328,7 @@ private:
     ScreenLists *lists() { return &m_lists; }
     GlassPreferences *glassObject() { return &m_glass; }
     AlertPreferences *alertsObject() { return &m_alerts; }
+    MenuBarPreferences *menuBarObject() { return &m_menuBar; }
     struct FavoriteMatchGroups {
         QList<Match> running;
         QList<Match> coming;
@@ -376,10 +356,6 @@ private:
     QList<PanelRoute> m_detailStack;
     std::optional<PanelRoute> m_poppingRoute;
     QSet<QString> m_favoriteTeamIDs;
-    std::optional<QString> m_pinnedLiveMatchID;
-    TrayDisplayMode m_trayDisplayMode = TrayDisplayMode::automatic;
-    TrayIconScore m_trayIconScore = TrayIconScore::automatic;
-    RefreshInterval m_refreshInterval = RefreshInterval::thirty;
     bool m_startAtLoginEnabled = false;
     std::optional<QString> m_startAtLoginStatusMessage;
     std::optional<BannerState> m_activeBanner;
@@ -408,6 +384,7 @@ private:
     // built from, so that the glass still has its store when it writes its last values on destruction.
     GlassPreferences m_glass;
     AlertPreferences m_alerts;
+    MenuBarPreferences m_menuBar;
     std::unique_ptr<QTimer> m_pollingTimer;
     bool m_isFetching = false;
     QHash<QString, MatchSnapshot> m_matchSnapshots;

@@ -261,15 +261,15 @@ std::optional<Match> AppModel::trayMatch(const QList<Match> &live) const
 {
     if (live.isEmpty())
         return std::nullopt;
-    switch (m_trayDisplayMode) {
+    switch (m_menuBar.displayMode()) {
     case TrayDisplayMode::automatic:
         return live.constFirst();
     case TrayDisplayMode::rotate:
         return live.at(m_liveRotationIndex % live.size());
     case TrayDisplayMode::pinned:
-        if (m_pinnedLiveMatchID) {
-            const auto pinned = std::find_if(live.cbegin(), live.cend(), [this](const Match &match) {
-                return match.id == *m_pinnedLiveMatchID;
+        if (const auto &pinnedID = m_menuBar.pinnedLiveMatchID()) {
+            const auto pinned = std::find_if(live.cbegin(), live.cend(), [&pinnedID](const Match &match) {
+                return match.id == *pinnedID;
             });
             if (pinned != live.cend())
                 return *pinned;

@@ -11,7 +11,7 @@ void AppModel::startPolling()
     }
     m_pollingTimer = std::make_unique<QTimer>();
     m_pollingTimer->setTimerType(Qt::PreciseTimer);
-    m_pollingTimer->setInterval(std::chrono::seconds(seconds(m_refreshInterval)));
+    m_pollingTimer->setInterval(std::chrono::seconds(seconds(m_menuBar.refreshInterval())));
     connect(m_pollingTimer.get(), &QTimer::timeout, this, &AppModel::refresh);
     m_pollingTimer->start();
 }

@@ -22,7 +22,7 @@ SettingsSection {
         { key: "always", title: "Always", detail: "Drawn into the icon on every tray" },
         { key: "never", title: "Never", detail: "The icon stays plain; hover it for the score" }
     ]
-    readonly property var currentMode: modes.find(mode => mode.key === model.trayDisplayMode) ?? modes[0]
+    readonly property var currentMode: modes.find(mode => mode.key === model.menuBar.displayMode) ?? modes[0]
 
     title: "Menu Bar"
 
@@ -35,8 +35,8 @@ SettingsSection {
         objectName: "refreshInterval"
         width: parent.width
         sections: section.intervals
-        current: String(section.model.refreshInterval)
-        onSelected: key => section.model.updateRefreshInterval(Number(key))
+        current: String(section.model.menuBar.refreshInterval)
+        onSelected: key => section.model.menuBar.updateRefreshInterval(Number(key))
     }
     RowLabel {
         width: parent.width
@@ -47,21 +47,21 @@ SettingsSection {
         objectName: "trayDisplayMode"
         width: parent.width
         sections: section.modes
-        current: section.model.trayDisplayMode
-        onSelected: key => section.model.updateTrayDisplayMode(key)
+        current: section.model.menuBar.displayMode
+        onSelected: key => section.model.menuBar.updateDisplayMode(key)
     }
     RowLabel {
         width: parent.width
         title: "Score in tray icon"
-        detail: (section.iconScores.find(choice => choice.key === section.model.trayIconScore)
+        detail: (section.iconScores.find(choice => choice.key === section.model.menuBar.iconScore)
                  ?? section.iconScores[0]).detail
     }
     SectionSwitcher {
         objectName: "trayIconScore"
         width: parent.width
         sections: section.iconScores
-        current: section.model.trayIconScore
-        onSelected: key => section.model.updateTrayIconScore(key)
+        current: section.model.menuBar.iconScore
+        onSelected: key => section.model.menuBar.updateIconScore(key)
     }
     SwitchRow {
         width: parent.width

@@ -13,7 +13,7 @@ GlyphButton {
 
     path: Glyphs.pin
     rotation: checked ? 0 : 30
-    checked: model.pinnedLiveMatchID === match.id
+    checked: model.menuBar.pinnedLiveMatchID === match.id
     accessibleName: checked ? "Unpin " + matchName + " from the menu bar" : "Pin " + matchName + " to the menu bar"
-    onClicked: model.togglePinnedMatch(match.id)
+    onClicked: model.menuBar.togglePinnedMatch(match.id)
 }
