@@ -18,6 +18,7 @@
 #include "State/AppModel.h"
 #include "State/GlassPreferences.h"
 #include "State/MenuBarPreferences.h"
+#include "State/StartAtLogin.h"
 #include "UpdateController.h"
 #include "UpdatePhase.h"
 
@@ -53,6 +54,13 @@ struct MenuBarPreferencesForeign {
     QML_FOREIGN(MenuBarPreferences)
     QML_NAMED_ELEMENT(MenuBarPreferences)
     QML_UNCREATABLE("The model keeps the menu bar settings.")
+};
+
+struct StartAtLoginForeign {
+    Q_GADGET
+    QML_FOREIGN(StartAtLogin)
+    QML_NAMED_ELEMENT(StartAtLogin)
+    QML_UNCREATABLE("The model keeps the start-at-login state.")
 };
 
 struct ScreenListsForeign {

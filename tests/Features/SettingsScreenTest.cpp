@@ -328,7 +328,7 @@ void SettingsScreenTest::startAtLoginExplainsWhyItCannot()
     };
     QVERIFY(shownBeneath(QStringLiteral("Start at Login is unavailable for this build.")));
     clickAt(QStringLiteral("startAtLogin"), 0.5);
-    QVERIFY(!m_panel->model->startAtLoginEnabled());
+    QVERIFY(!m_panel->model->startAtLogin().enabled());
     QVERIFY(!toggle->property("checked").toBool());
     QVERIFY(shownBeneath(QStringLiteral("Pitchlark is not installed in a fixed place.")));
 }

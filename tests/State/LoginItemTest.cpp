@@ -1,6 +1,7 @@
 #include "FakeDesktopPortal.h"
 #include "ModelFixture.h"
 #include "State/BackgroundPortalLoginItem.h"
+#include "State/StartAtLogin.h"
 #include "State/XdgAutostartLoginItem.h"
 
 #include <QFile>
@@ -9,7 +10,7 @@
 #include <QTest>
 
 // Start at login through a real autostart entry in a temporary XDG config folder, or through the
-// Background portal on a private session bus, and how the model shows each state under the switch.
+// Background portal on a private session bus, and how the settings switch shows each state.
 class LoginItemTest : public QObject {
     Q_OBJECT
 
@@ -20,8 +21,8 @@ private slots:
     void existingEntry();
     void registerAndUnregister_data();
     void registerAndUnregister();
-    void noStablePathIsUnavailable();
-    void failureTextReplacesTheHint();
+    void switchExplainsAFailure_data();
+    void switchExplainsAFailure();
     void portalAnswer_data();
     void portalAnswer();
     void portalGrantOutlivesTheProgram();
@@ -110,38 +111,41 @@ void LoginItemTest::registerAndUnregister()
     QCOMPARE(item.unregisterItem(), std::nullopt);
 }
 
-void LoginItemTest::noStablePathIsUnavailable()
+void LoginItemTest::switchExplainsAFailure_data()
 {
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<QString>("hint");
+    // The reason shown after a failed switch; any text for one in the file system's own words.
+    QTest::addColumn<QString>("reason");
+
+    // clang-format off
     // This test binary lives in a CMake build tree: no entry may point there.
-    QCOMPARE(XdgAutostartLoginItem::stableExecutablePath(), QString());
-    const auto model = m_fixture->makeModel();
-    QVERIFY(!model->startAtLoginEnabled());
-    QCOMPARE(model->startAtLoginStatusMessage(),
-             std::optional<QString>("Start at Login is unavailable for this build."));
-    model->updateStartAtLogin(true);
-    QVERIFY(!model->startAtLoginEnabled());
-    QVERIFY(!QFile::exists(XdgAutostartLoginItem::entryPath()));
+    QTest::newRow("no stable path") << XdgAutostartLoginItem::stableExecutablePath()
+        << "Start at Login is unavailable for this build." << "Pitchlark is not installed in a fixed place.";
+    // An autostart folder that is a file makes the write fail for real.
+    QTest::newRow("entry cannot be written") << "/usr/bin/pitchlark" << QString() << QString();
+    // clang-format on
 }
 
-void LoginItemTest::failureTextReplacesTheHint()
+void LoginItemTest::switchExplainsAFailure()
 {
-    // An autostart folder that is a file makes the write fail for real.
-    const QString autostartFolder = QFileInfo(XdgAutostartLoginItem::entryPath()).absolutePath();
-    QDir().mkpath(QFileInfo(autostartFolder).absolutePath());
-    QFile blocker(autostartFolder);
-    QVERIFY(blocker.open(QIODevice::WriteOnly));
-    blocker.close();
-
-    APIService api;
-    AppModel::Services services;
-    services.api = &api;
-    services.loginItem = std::make_unique<XdgAutostartLoginItem>(QStringLiteral("/usr/bin/pitchlark"));
-    AppModel model(std::move(services));
-    QVERIFY(!model.startAtLoginStatusMessage());
-    model.updateStartAtLogin(true);
-    QVERIFY(!model.startAtLoginEnabled());
-    QVERIFY(model.startAtLoginStatusMessage());
-    QVERIFY(!model.startAtLoginStatusMessage()->isEmpty());
+    QFETCH(QString, program);
+    QFETCH(QString, reason);
+    if (!program.isEmpty()) {
+        const QString autostartFolder = QFileInfo(XdgAutostartLoginItem::entryPath()).absolutePath();
+        QDir().mkpath(QFileInfo(autostartFolder).absolutePath());
+        QFile blocker(autostartFolder);
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+    }
+    StartAtLogin login(std::make_unique<XdgAutostartLoginItem>(program));
+    QVERIFY(!login.enabled());
+    QTEST(login.statusMessage().value_or(QString()), "hint");
+    login.update(true);
+    QVERIFY(!login.enabled());
+    QVERIFY(!QFile::exists(XdgAutostartLoginItem::entryPath()));
+    QVERIFY(!login.statusMessage().value_or(QString()).isEmpty());
+    if (!reason.isEmpty())
+        QCOMPARE(login.statusMessage(), std::optional(reason));
 }
 
 void LoginItemTest::portalAnswer_data()
@@ -164,21 +168,17 @@ void LoginItemTest::portalAnswer()
     QFETCH(FakeDesktopPortal::BackgroundAnswer, answer);
     m_portal.backgroundAnswer = answer;
     m_portal.backgroundRequests.clear();
-    APIService api;
-    AppModel::Services services;
-    services.api = &api;
-    services.loginItem = std::make_unique<BackgroundPortalLoginItem>();
-    AppModel model(std::move(services));
-    QVERIFY(!model.startAtLoginEnabled());
+    StartAtLogin login(std::make_unique<BackgroundPortalLoginItem>());
+    QVERIFY(!login.enabled());
 
-    model.updateStartAtLogin(true);
+    login.update(true);
     QTRY_COMPARE(m_portal.backgroundRequests.size(), 1);
     QCOMPARE(m_portal.backgroundRequests.constFirst().value(QStringLiteral("autostart")), QVariant(true));
     // The answer comes later, as a signal; the switch and its hint follow it.
     QFETCH(QString, message);
-    QTRY_COMPARE(model.startAtLoginStatusMessage().value_or(QString()), message);
+    QTRY_COMPARE(login.statusMessage().value_or(QString()), message);
     QFETCH(bool, switchOn);
-    QTRY_COMPARE(model.startAtLoginEnabled(), switchOn);
+    QTRY_COMPARE(login.enabled(), switchOn);
 }
 
 void LoginItemTest::portalGrantOutlivesTheProgram()

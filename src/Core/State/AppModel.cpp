@@ -23,27 +23,27 @@ AppModel::AppModel(QObject *parent) : AppModel(Services(), parent) {}
 AppModel::AppModel(Services services, QObject *parent)
     : QObject(parent), m_api(services.api ? services.api : &APIService::shared()),
       m_settings(services.settings ? std::move(services.settings) : std::make_unique<SettingsStore>()),
-      m_loginItem(services.loginItem ? std::move(services.loginItem)
-                                     : std::make_unique<XdgAutostartLoginItem>()),
       m_notifier(std::move(services.notifications)),
       m_now(services.now ? std::move(services.now) : [] { return QDateTime::currentDateTimeUtc(); }),
       m_openFile(services.openFile ? std::move(services.openFile) : [](const QString &) {}),
       m_glass(*m_settings, std::move(services.applyTint), this), m_alerts(*m_settings, this),
-      m_menuBar(*m_settings, this), m_allGroups(groupLetters())
+      m_menuBar(*m_settings, this),
+      m_startAtLogin(services.loginItem ? std::move(services.loginItem)
+                                        : std::make_unique<XdgAutostartLoginItem>(),
+                     this),
+      m_allGroups(groupLetters())
 {
     m_selectedDate = WCFormatters::shared().dateKey(now());
     m_bannerTimer.setSingleShot(true);
     m_bannerTimer.setTimerType(Qt::PreciseTimer);
     m_bannerTimer.setInterval(bannerLifetime);
     loadSettings();
-    m_loginItem->onStatusChange = [this] { refreshStartAtLoginState(); };
     // The tray's title follows its choices; the polling timer, the period.
     connect(&m_menuBar, &MenuBarPreferences::displayModeChanged, this, &AppModel::rebuildGlobalCaches);
     connect(&m_menuBar, &MenuBarPreferences::pinnedLiveMatchIDChanged, this, &AppModel::rebuildGlobalCaches);
     connect(&m_menuBar, &MenuBarPreferences::refreshIntervalChanged, this, &AppModel::startPolling);
     if (NotificationSender *center = m_notifier.center())
         connect(center, &NotificationSender::activated, this, &AppModel::showMatchFromNotification);
-    refreshStartAtLoginState();
     hydrateFromCache();
 }
 
@@ -96,37 +96,6 @@ void AppModel::hydrateFromCache()
     applySelectedDateFilter();
     if (const auto timestamp = m_api->cacheTimestamp())
         setLastUpdated(*timestamp);
-}
-
-void AppModel::refreshStartAtLoginState()
-{
-    switch (m_loginItem->status()) {
-    case LoginItem::Status::enabled:
-        setStartAtLoginEnabled(true);
-        setStartAtLoginStatusMessage(std::nullopt);
-        break;
-    case LoginItem::Status::requiresApproval:
-        // The registration exists and only waits for the user, so the switch shows it as on.
-        setStartAtLoginEnabled(true);
-        setStartAtLoginStatusMessage(QStringLiteral("Approve Pitchlark in System Settings › Login Items."));
-        break;
-    case LoginItem::Status::notFound:
-        setStartAtLoginEnabled(false);
-        setStartAtLoginStatusMessage(QStringLiteral("Start at Login is unavailable for this build."));
-        break;
-    case LoginItem::Status::notRegistered:
-        setStartAtLoginEnabled(false);
-        setStartAtLoginStatusMessage(std::nullopt);
-        break;
-    }
-}
-
-void AppModel::updateStartAtLogin(bool enabled)
-{
-    const auto failure = enabled ? m_loginItem->registerItem() : m_loginItem->unregisterItem();
-    refreshStartAtLoginState();
-    if (failure)
-        setStartAtLoginStatusMessage(*failure);
 }
 
 // Setters of observed members: each stores and notifies, even when the value is unchanged.
@@ -250,18 +219,6 @@ QStringList AppModel::favoriteTeamIDList() const
     QStringList teamIDs(m_favoriteTeamIDs.cbegin(), m_favoriteTeamIDs.cend());
     teamIDs.sort();
     return teamIDs;
-}
-
-void AppModel::setStartAtLoginEnabled(bool enabled)
-{
-    m_startAtLoginEnabled = enabled;
-    emit startAtLoginEnabledChanged();
-}
-
-void AppModel::setStartAtLoginStatusMessage(const std::optional<QString> &message)
-{
-    m_startAtLoginStatusMessage = message;
-    emit startAtLoginStatusMessageChanged();
 }
 
 void AppModel::setActiveBanner(const std::optional<BannerState> &banner)

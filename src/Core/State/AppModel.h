@@ -21,6 +21,7 @@
 #include "Normalization.h"
 #include "Notifications/NotificationManager.h"
 #include "SettingsStore.h"
+#include "StartAtLogin.h"
 
 #include <QDateTime>
 #include <QObject>
@@ -62,9 +63,6 @@ class AppModel : public QObject {
     Q_PROPERTY(QVariant poppingRoute READ poppingRouteValue NOTIFY poppingRouteChanged)
     Q_PROPERTY(QList<PanelRoute> renderedRoutes READ renderedRoutes NOTIFY renderedRoutesChanged)
     Q_PROPERTY(QStringList favoriteTeamIDs READ favoriteTeamIDList NOTIFY favoriteTeamIDsChanged)
-    Q_PROPERTY(bool startAtLoginEnabled READ startAtLoginEnabled NOTIFY startAtLoginEnabledChanged)
-    Q_PROPERTY(QString startAtLoginStatusMessage READ startAtLoginStatusMessageText NOTIFY
-                   startAtLoginStatusMessageChanged)
     Q_PROPERTY(QVariant activeBanner READ activeBannerValue NOTIFY activeBannerChanged)
     Q_PROPERTY(bool hideScores READ hideScores WRITE setHideScores NOTIFY hideScoresChanged)
     // The matches whose scores the user revealed this session while scores are hidden.
@@ -83,6 +81,7 @@ class AppModel : public QObject {
     Q_PROPERTY(GlassPreferences *glass READ glassObject CONSTANT)
     Q_PROPERTY(AlertPreferences *alerts READ alertsObject CONSTANT)
     Q_PROPERTY(MenuBarPreferences *menuBar READ menuBarObject CONSTANT)
+    Q_PROPERTY(StartAtLogin *startAtLogin READ startAtLoginObject CONSTANT)
     // Depends on the favourites and on the tables, which arrive before the caches are rebuilt.
     Q_PROPERTY(QStringList groupsByInterest READ groupsByInterest NOTIFY favoriteTeamsChanged)
     // What the fixtures screen says when the selected day has no matches.
@@ -128,8 +127,6 @@ public:
     const QList<PanelRoute> &detailStack() const { return m_detailStack; }
     const std::optional<PanelRoute> &poppingRoute() const { return m_poppingRoute; }
     const QSet<QString> &favoriteTeamIDs() const { return m_favoriteTeamIDs; }
-    bool startAtLoginEnabled() const { return m_startAtLoginEnabled; }
-    const std::optional<QString> &startAtLoginStatusMessage() const { return m_startAtLoginStatusMessage; }
     const std::optional<BannerState> &activeBanner() const { return m_activeBanner; }
     bool hideScores() const { return m_hideScores; }
     const TeamTable &teamsByID() const { return m_teamsByID; }
@@ -155,6 +152,8 @@ public:
     const AlertPreferences &alerts() const { return m_alerts; }
     MenuBarPreferences &menuBar() { return m_menuBar; }
     const MenuBarPreferences &menuBar() const { return m_menuBar; }
+    StartAtLogin &startAtLogin() { return m_startAtLogin; }
+    const StartAtLogin &startAtLogin() const { return m_startAtLogin; }
 
     // Writes made directly by the screens.
     void setSection(Section section);
@@ -184,8 +183,6 @@ public:
     // The fixtures page filtered to one team, with every detail page closed on the way.
     Q_INVOKABLE void showTeamFixtures(const QString &teamID);
     Q_INVOKABLE void toggleFavorite(const QString &teamID);
-    Q_INVOKABLE void refreshStartAtLoginState();
-    Q_INVOKABLE void updateStartAtLogin(bool enabled);
 
     // Derived queries.
     void rebuildGlobalCaches();
@@ -275,8 +272,6 @@ signals:
     void poppingRouteChanged();
     void renderedRoutesChanged();
     void favoriteTeamIDsChanged();
-    void startAtLoginEnabledChanged();
-    void startAtLoginStatusMessageChanged();
     void activeBannerChanged();
     void hideScoresChanged();
     void revealedMatchIDsChanged();
@@ -298,7 +293,6 @@ private:
     void setSelectedTeamFilterIDText(const QString &teamID);
     QVariant poppingRouteValue() const;
     QStringList favoriteTeamIDList() const;
-    QString startAtLoginStatusMessageText() const { return m_startAtLoginStatusMessage.value_or(QString()); }
     QVariant activeBannerValue() const;
     QStringList revealedMatchIDList() const;
 
@@ -312,8 +306,6 @@ private:
     void setDetailStack(const QList<PanelRoute> &stack);
     void setPoppingRoute(const std::optional<PanelRoute> &route);
     void setFavoriteTeamIDs(const QSet<QString> &teamIDs);
-    void setStartAtLoginEnabled(bool enabled);
-    void setStartAtLoginStatusMessage(const std::optional<QString> &message);
     void setActiveBanner(const std::optional<BannerState> &banner);
     void setTeamsByID(const TeamTable &teams);
     void setStadiumsByID(const StadiumTable &stadiums);
@@ -329,6 +321,7 @@ private:
     GlassPreferences *glassObject() { return &m_glass; }
     AlertPreferences *alertsObject() { return &m_alerts; }
     MenuBarPreferences *menuBarObject() { return &m_menuBar; }
+    StartAtLogin *startAtLoginObject() { return &m_startAtLogin; }
     struct FavoriteMatchGroups {
         QList<Match> running;
         QList<Match> coming;
@@ -356,8 +349,6 @@ private:
     QList<PanelRoute> m_detailStack;
     std::optional<PanelRoute> m_poppingRoute;
     QSet<QString> m_favoriteTeamIDs;
-    bool m_startAtLoginEnabled = false;
-    std::optional<QString> m_startAtLoginStatusMessage;
     std::optional<BannerState> m_activeBanner;
     bool m_hideScores = false;
     QSet<QString> m_revealedMatchIDs;
@@ -376,7 +367,6 @@ private:
     int m_liveRotationIndex = 0;
     APIService *m_api;
     std::unique_ptr<SettingsStore> m_settings;
-    std::unique_ptr<LoginItem> m_loginItem;
     NotificationManager m_notifier;
     std::function<QDateTime()> m_now;
     std::function<void(const QString &path)> m_openFile;
@@ -385,6 +375,7 @@ private:
     GlassPreferences m_glass;
     AlertPreferences m_alerts;
     MenuBarPreferences m_menuBar;
+    StartAtLogin m_startAtLogin;
     std::unique_ptr<QTimer> m_pollingTimer;
     bool m_isFetching = false;
     QHash<QString, MatchSnapshot> m_matchSnapshots;

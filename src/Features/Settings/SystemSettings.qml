@@ -19,9 +19,9 @@ SettingsSection {
         width: parent.width
         controlName: "startAtLogin"
         title: "Start at login"
-        detail: section.model.startAtLoginStatusMessage
-        checked: section.model.startAtLoginEnabled
-        onToggled: checked => section.model.updateStartAtLogin(checked)
+        detail: section.model.startAtLogin.statusMessage
+        checked: section.model.startAtLogin.enabled
+        onToggled: checked => section.model.startAtLogin.update(checked)
     }
     Item {
         width: parent.width
