@@ -125,7 +125,7 @@ void AppDelegate::presentUpdateToast()
 void AppDelegate::openDetail(const QString &routeText)
 {
     if (const auto route = DebugHooks::routeFromText(routeText))
-        m_model.open(*route);
+        m_model.navigation().open(*route);
 }
 
 void AppDelegate::setFloatingCards(const QString &value)
@@ -139,10 +139,10 @@ void AppDelegate::applyDebugHooks()
     const QString section = m_environment.value(QStringLiteral("TIDEWELL_SECTION"));
     // "bracket" is the standings section on its knockout view, for snapshots of the tree.
     if (section == QLatin1StringView("bracket")) {
-        m_model.setSection(Section::standings);
-        m_model.setShowsBracket(true);
+        m_model.navigation().setSection(Section::standings);
+        m_model.navigation().setShowsBracket(true);
     } else if (const auto chosen = sectionFromRawValue(section)) {
-        m_model.setSection(*chosen);
+        m_model.navigation().setSection(*chosen);
     }
     if (m_environment.contains(QStringLiteral("TIDEWELL_FLOATING")))
         setFloatingCards(m_environment.value(QStringLiteral("TIDEWELL_FLOATING")));

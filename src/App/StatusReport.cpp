@@ -163,7 +163,7 @@ QString text(const AppModel &model)
         lines << QStringLiteral("  ") + liveLine(model, match);
     const QList<Match> &today = model.matches();
     if (!today.isEmpty()) {
-        const QDate day = QDate::fromString(model.selectedDate(), Qt::ISODate);
+        const QDate day = QDate::fromString(model.navigation().selectedDate(), Qt::ISODate);
         lines << QString() << QLocale::c().toString(day, u"dddd, MMM d");
         for (const Match &match : today) {
             const bool hidden = model.isScoreHidden(match.id);
@@ -196,7 +196,7 @@ QJsonObject json(const AppModel &model)
         {QStringLiteral("trayTitle"), optional(model.trayTitle())},
         {QStringLiteral("errorMessage"), optional(model.errorMessage())},
         {QStringLiteral("lastUpdated"), instant(model.lastUpdated())},
-        {QStringLiteral("selectedDate"), model.selectedDate()},
+        {QStringLiteral("selectedDate"), model.navigation().selectedDate()},
         {QStringLiteral("settings"), settingsJson(model)},
         {QStringLiteral("liveMatches"), arrayOf(model.liveMatchesCache(), toJson)},
         {QStringLiteral("matches"), arrayOf(model.matches(), toJson)},

@@ -18,6 +18,7 @@
 #include "State/AppModel.h"
 #include "State/GlassPreferences.h"
 #include "State/MenuBarPreferences.h"
+#include "State/PanelNavigation.h"
 #include "State/StartAtLogin.h"
 #include "UpdateController.h"
 #include "UpdatePhase.h"
@@ -61,6 +62,13 @@ struct StartAtLoginForeign {
     QML_FOREIGN(StartAtLogin)
     QML_NAMED_ELEMENT(StartAtLogin)
     QML_UNCREATABLE("The model keeps the start-at-login state.")
+};
+
+struct PanelNavigationForeign {
+    Q_GADGET
+    QML_FOREIGN(PanelNavigation)
+    QML_NAMED_ELEMENT(PanelNavigation)
+    QML_UNCREATABLE("The model keeps the panel's navigation.")
 };
 
 struct ScreenListsForeign {

@@ -11,7 +11,7 @@ Item {
     required property AppModel model
     property UpdateController updates
     // Pages the row is shifted by: one per route on the stack.
-    readonly property int navDepth: model.detailStack.length
+    readonly property int navDepth: model.navigation.detailStack.length
     readonly property bool updateDialogShown: updates !== null && updates.isUserInitiated
                                               && updates.phase.kindName !== "idle"
     readonly property int updateDialogInset: 20
@@ -36,7 +36,7 @@ Item {
             model: root.model
         }
         Repeater {
-            model: root.model.renderedRoutes
+            model: root.model.navigation.renderedRoutes
             delegate: DetailRouter {
                 required property var modelData
                 width: root.width

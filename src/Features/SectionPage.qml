@@ -24,13 +24,13 @@ Item {
         PanelHeader {
             width: parent.width
             model: page.model
-            title: page.sections.find(section => section.key === page.model.section)?.title ?? ""
+            title: page.sections.find(section => section.key === page.model.navigation.section)?.title ?? ""
         }
         SectionSwitcher {
             width: parent.width
             sections: page.sections
-            current: page.model.section
-            onSelected: key => page.model.section = key
+            current: page.model.navigation.section
+            onSelected: key => page.model.navigation.section = key
         }
     }
 
@@ -38,6 +38,6 @@ Item {
         anchors { left: parent.left; right: parent.right; top: top.bottom; bottom: parent.bottom }
         anchors.topMargin: Theme.rowSpacing
         model: page.model
-        section: page.model.section
+        section: page.model.navigation.section
     }
 }

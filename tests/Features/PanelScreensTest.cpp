@@ -104,7 +104,7 @@ void PanelScreensTest::choosingADayChangesTheList()
     QSignalSpy resets(&screenLists(*m_panel)->fixtures, &QAbstractItemModel::modelReset);
     const QStringList today = matchIDs(m_panel->model->matches());
     m_panel->click(QStringLiteral("day-2026-06-28"));
-    QCOMPARE(m_panel->model->selectedDate(), QStringLiteral("2026-06-28"));
+    QCOMPARE(m_panel->model->navigation().selectedDate(), QStringLiteral("2026-06-28"));
     const QStringList tomorrow = matchIDs(m_panel->model->matches());
     QVERIFY(!tomorrow.isEmpty());
     QVERIFY(tomorrow != today);
@@ -148,14 +148,14 @@ void PanelScreensTest::cardOpensTheMatchAndBackReturns()
 {
     const Match first = m_panel->model->matches().constFirst();
     m_panel->click(QStringLiteral("matchCard-") + first.id);
-    QCOMPARE(m_panel->model->detailStack(), QList<PanelRoute>{PanelRoute::match(first.id)});
+    QCOMPARE(m_panel->model->navigation().detailStack(), QList<PanelRoute>{PanelRoute::match(first.id)});
     QTRY_VERIFY(m_panel->item(QStringLiteral("scoreline")));
     QCOMPARE(m_panel->item(QStringLiteral("scoreline"))->property("text").toString(),
              first.displayHomeScore() + QStringLiteral(" \u2013 ") + first.displayAwayScore());
     // The page has slid in before its back button is in reach.
     QTRY_COMPARE(m_panel->item(QStringLiteral("backButton"))->mapToScene({}).x(), qreal(16));
     m_panel->click(QStringLiteral("backButton"));
-    QVERIFY(m_panel->model->detailStack().isEmpty());
+    QVERIFY(m_panel->model->navigation().detailStack().isEmpty());
 }
 
 void PanelScreensTest::starFollowsATeamAndStoresIt()
@@ -203,7 +203,7 @@ void PanelScreensTest::standingsShowTheGroupInOrderAndOpenTeams()
     m_panel->click(QStringLiteral("segment-standings"));
     QTRY_VERIFY(m_panel->item(QStringLiteral("groupPicker")));
     m_panel->click(QStringLiteral("segment-L"));
-    QCOMPARE(m_panel->model->selectedGroup(), QStringLiteral("L"));
+    QCOMPARE(m_panel->model->navigation().selectedGroup(), QStringLiteral("L"));
     const auto group = std::find_if(m_panel->model->standings().cbegin(), m_panel->model->standings().cend(),
                                     [](const GroupStanding &standing) { return standing.group == u'L'; });
     QVERIFY(group != m_panel->model->standings().cend());
@@ -219,7 +219,7 @@ void PanelScreensTest::standingsShowTheGroupInOrderAndOpenTeams()
     }
     const QString leader = group->standings.constFirst().teamID;
     m_panel->click(QStringLiteral("standing-") + leader);
-    QCOMPARE(m_panel->model->detailStack(), QList<PanelRoute>{PanelRoute::team(leader)});
+    QCOMPARE(m_panel->model->navigation().detailStack(), QList<PanelRoute>{PanelRoute::team(leader)});
 }
 
 void PanelScreensTest::bracketShowsTheKnockoutTree_data()
@@ -240,7 +240,7 @@ void PanelScreensTest::bracketShowsTheKnockoutTree()
     m_panel.reset();
     m_panel = std::make_unique<Panel>(Tournament::bundled(), m_engine, nullptr, at);
     QVERIFY(QTest::qWaitForWindowExposed(m_panel->window));
-    m_panel->model->setSection(Section::standings);
+    m_panel->model->navigation().setSection(Section::standings);
     QTRY_VERIFY(m_panel->item(QStringLiteral("segment-knockout")));
     m_panel->click(QStringLiteral("segment-knockout"));
     QTRY_VERIFY(m_panel->item(QStringLiteral("roundPicker")));
@@ -259,14 +259,14 @@ void PanelScreensTest::bracketShowsTheKnockoutTree()
                 .startsWith(first.homeTeam));
 
     m_panel->click(QStringLiteral("bracketGame-") + first.id);
-    QCOMPARE(m_panel->model->detailStack(), QList<PanelRoute>{PanelRoute::match(first.id)});
+    QCOMPARE(m_panel->model->navigation().detailStack(), QList<PanelRoute>{PanelRoute::match(first.id)});
     QTRY_VERIFY(m_panel->item(QStringLiteral("matchHero")));
     QCOMPARE(bool(m_panel->item(QStringLiteral("follow-0"))), false);
 }
 
 void PanelScreensTest::unknownMatchSaysNotFound()
 {
-    m_panel->model->openMatch(QStringLiteral("999"));
+    m_panel->model->navigation().openMatch(QStringLiteral("999"));
     QTRY_VERIFY(m_panel->item(QStringLiteral("matchNotFound")));
     QVERIFY(!m_panel->item(QStringLiteral("matchHero")));
 }
@@ -289,8 +289,8 @@ void PanelScreensTest::markupInTheFeedShowsAsText()
     m_panel.reset();
     Panel panel(*tournament, m_engine);
     QVERIFY(QTest::qWaitForWindowExposed(panel.window));
-    panel.model->openMatch(QStringLiteral("1"));
-    panel.model->setSection(Section::standings);
+    panel.model->navigation().openMatch(QStringLiteral("1"));
+    panel.model->navigation().setSection(Section::standings);
     QTRY_VERIFY(panel.item(QStringLiteral("matchHero")));
     QList<QQuickItem *> texts;
     collectTexts(panel.window->contentItem(), texts);
@@ -333,12 +333,12 @@ void PanelScreensTest::hiddenScoresShowNowhere()
     model.setHideScores(true);
     const QString id = screen.section(u':', 1);
     if (screen == QLatin1StringView("standings") || screen == QLatin1StringView("bracket")) {
-        model.setSection(Section::standings);
-        model.setShowsBracket(screen == QLatin1StringView("bracket"));
+        model.navigation().setSection(Section::standings);
+        model.navigation().setShowsBracket(screen == QLatin1StringView("bracket"));
     } else if (screen.startsWith(QLatin1StringView("match:"))) {
-        model.openMatch(id);
+        model.navigation().openMatch(id);
     } else if (screen.startsWith(QLatin1StringView("team:"))) {
-        model.openTeam(id);
+        model.navigation().openTeam(id);
     }
     QTest::qWait(400); // the page's slide, before its texts are read
 

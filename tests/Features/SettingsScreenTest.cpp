@@ -101,7 +101,7 @@ void SettingsScreenTest::openSettings(QObject *updates)
     m_panel.reset();
     m_panel = std::make_unique<Panel>(Tournament::bundled(), m_engine, updates);
     QVERIFY(QTest::qWaitForWindowExposed(m_panel->window));
-    m_panel->model->openSettings();
+    m_panel->model->navigation().openSettings();
     QTRY_VERIFY(m_panel->item(QStringLiteral("backButton")));
     // The page has slid in before its controls are in reach; the slide starts a frame after the push.
     QTest::qWait(slideDuration);

@@ -62,7 +62,7 @@ void TeamScreensTest::showSection(const QString &section)
 {
     QTRY_VERIFY(item(QStringLiteral("segment-") + section));
     m_panel->click(QStringLiteral("segment-") + section);
-    QCOMPARE(m_panel->model->section(), *sectionFromRawValue(section));
+    QCOMPARE(m_panel->model->navigation().section(), *sectionFromRawValue(section));
 }
 
 void TeamScreensTest::typeText(const QString &text)
@@ -100,7 +100,7 @@ void TeamScreensTest::searchShowsTheMatchingTeams()
 
     m_panel->click(QStringLiteral("teamSearch"));
     typeText(typed);
-    QCOMPARE(m_panel->model->teamSearchText(), typed);
+    QCOMPARE(m_panel->model->navigation().teamSearchText(), typed);
     QTRY_COMPARE(shownInOrder(m_panel->window->contentItem(), QStringLiteral("teamRow-"), every), shown);
     QCOMPARE(item(QStringLiteral("teamsEmpty")) != nullptr, shown.isEmpty());
     if (!shown.isEmpty()) {
@@ -110,7 +110,7 @@ void TeamScreensTest::searchShowsTheMatchingTeams()
 
     // The clear button empties the search and brings every team back.
     m_panel->click(QStringLiteral("clearSearch"));
-    QVERIFY(m_panel->model->teamSearchText().isEmpty());
+    QVERIFY(m_panel->model->navigation().teamSearchText().isEmpty());
     QTRY_COMPARE(shownInOrder(m_panel->window->contentItem(), QStringLiteral("teamRow-"), every).size(), 48);
 }
 
@@ -130,7 +130,7 @@ void TeamScreensTest::followingFromTheTeamsListFillsFavorites()
     m_panel->click(QStringLiteral("followStar-1"));
     QVERIFY(m_panel->model->isFavorite(QStringLiteral("1")));
     // The star takes the click; the row behind it does not open the team.
-    QVERIFY(m_panel->model->detailStack().isEmpty());
+    QVERIFY(m_panel->model->navigation().detailStack().isEmpty());
 
     showSection(QStringLiteral("favorites"));
     QTRY_VERIFY(item(QStringLiteral("favoriteTeams")));
@@ -174,7 +174,7 @@ void TeamScreensTest::teamPageShowsNextMatchAndLatestResult()
     QFETCH(QString, latest);
 
     start(at);
-    m_panel->model->openTeam(QStringLiteral("1"));
+    m_panel->model->navigation().openTeam(QStringLiteral("1"));
     QTRY_VERIFY(item(QStringLiteral("teamHero")));
     QCOMPARE(item(QStringLiteral("detailTitle"))->property("text").toString(), QStringLiteral("Mexico"));
 
@@ -228,7 +228,7 @@ void TeamScreensTest::stadiumPageListsItsMatchesByKickoff()
     item(row)->forceActiveFocus(Qt::TabFocusReason);
     QTRY_VERIFY(item(row)->mapToScene({0, item(row)->height()}).y() <= m_panel->window->height());
     QTest::keyClick(m_panel->window, Qt::Key_Return);
-    QCOMPARE(m_panel->model->detailStack(), QList<PanelRoute>{PanelRoute::stadium(stadiumID)});
+    QCOMPARE(m_panel->model->navigation().detailStack(), QList<PanelRoute>{PanelRoute::stadium(stadiumID)});
     QTRY_VERIFY(item(QStringLiteral("stadiumMatches")));
     QCOMPARE(item(QStringLiteral("detailTitle"))->property("text").toString(), name);
     QCOMPARE(item(QStringLiteral("stadiumCapacity"))->property("value").toString(), capacity);
@@ -245,15 +245,15 @@ void TeamScreensTest::showFixturesFiltersAndReturnsToTheSection()
     QTRY_VERIFY(item(segment));
     const qreal sectionX = item(segment)->mapToScene({}).x();
     // Two pages deep: a match, then one of its teams.
-    m_panel->model->openMatch(QStringLiteral("1"));
-    m_panel->model->openTeam(QStringLiteral("1"));
+    m_panel->model->navigation().openMatch(QStringLiteral("1"));
+    m_panel->model->navigation().openTeam(QStringLiteral("1"));
     // Both have slid in once the section page sits two panel widths to the left.
     QTRY_COMPARE(item(segment)->mapToScene({}).x(), sectionX - 2 * m_panel->window->width());
     QTRY_VERIFY(item(QStringLiteral("showFixtures")));
     m_panel->click(QStringLiteral("showFixtures"));
-    QCOMPARE(m_panel->model->selectedTeamFilterID(), std::optional(QStringLiteral("1")));
-    QCOMPARE(m_panel->model->section(), Section::fixtures);
-    QVERIFY(m_panel->model->detailStack().isEmpty());
+    QCOMPARE(m_panel->model->navigation().selectedTeamFilterID(), std::optional(QStringLiteral("1")));
+    QCOMPARE(m_panel->model->navigation().section(), Section::fixtures);
+    QVERIFY(m_panel->model->navigation().detailStack().isEmpty());
 
     QStringList mexico;
     for (const Match &match : m_panel->model->allMatches()) {
@@ -295,7 +295,7 @@ void TeamScreensTest::unknownIdsSayNotFound()
     QFETCH(QString, title);
 
     start();
-    m_panel->model->open(kind == u"team" ? PanelRoute::team(id) : PanelRoute::stadium(id));
+    m_panel->model->navigation().open(kind == u"team" ? PanelRoute::team(id) : PanelRoute::stadium(id));
     QTRY_VERIFY(item(note));
     QCOMPARE(item(QStringLiteral("detailTitle"))->property("text").toString(), title);
     QVERIFY(!item(QStringLiteral("teamHero")));

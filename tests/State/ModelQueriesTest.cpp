@@ -124,12 +124,12 @@ void ModelQueriesTest::orderings()
 
 void ModelQueriesTest::teamFilterIgnoresTheDay()
 {
-    m_model->setSelectedTeamFilterID(QStringLiteral("3"));
+    m_model->navigation().setSelectedTeamFilterID(QStringLiteral("3"));
     m_model->applySelectedDateFilter();
     QCOMPARE(ids(m_model->matches()), QStringList({"2", "9", "10", "5"}));
 
-    m_model->setSelectedTeamFilterID(std::nullopt);
-    m_model->setSelectedDate(QStringLiteral("2026-06-12"));
+    m_model->navigation().setSelectedTeamFilterID(std::nullopt);
+    m_model->navigation().setSelectedDate(QStringLiteral("2026-06-12"));
     m_model->applySelectedDateFilter();
     QCOMPARE(ids(m_model->matches()), QStringList({"8", "9", "10"}));
 }
@@ -139,7 +139,7 @@ void ModelQueriesTest::unchangedDayListIsNotPublished()
     QSignalSpy published(m_model.get(), &AppModel::matchesChanged);
     m_model->applySelectedDateFilter();
     QCOMPARE(published.count(), 0);
-    m_model->setSelectedDate(QStringLiteral("2026-06-12"));
+    m_model->navigation().setSelectedDate(QStringLiteral("2026-06-12"));
     m_model->applySelectedDateFilter();
     QCOMPARE(published.count(), 1);
 }
@@ -199,7 +199,7 @@ void ModelQueriesTest::dateStrip()
     const QStringList keys = m_model->dateStripKeys();
     QCOMPARE(keys.size(), 14);
     QCOMPARE(keys.constFirst(), QStringLiteral("2026-06-08"));
-    QCOMPARE(keys.at(3), m_model->selectedDate());
+    QCOMPARE(keys.at(3), m_model->navigation().selectedDate());
     QCOMPARE(keys.constLast(), QStringLiteral("2026-06-21"));
 
     // The tiles' texts: the key's own day, and nothing for text that is not a key.
@@ -228,7 +228,7 @@ void ModelQueriesTest::teamSearch_data()
 void ModelQueriesTest::teamSearch()
 {
     QFETCH(QString, query);
-    m_model->setTeamSearchText(query);
+    m_model->navigation().setTeamSearchText(query);
     QStringList found;
     for (const TeamSearchResult &result : m_model->teamSearchResults())
         found.append(result.name + u'|' + result.groupLabel.value_or(QString()));

@@ -10,11 +10,9 @@ class NavigationTest : public QObject {
 
 private slots:
     void init();
-    void backOnEmptyStackDoesNothing();
-    void poppedRouteSlidesOutThenGoes();
+    void routes_data();
+    void routes();
     void secondBackTakesOverTheSlide();
-    void openClearsTheSlide();
-    void equalRouteStillStackedIsNotRenderedTwice();
     void newerBannerGetsItsOwnFullTime();
 
 private:
@@ -25,7 +23,7 @@ private:
 namespace {
 const PanelRoute teamA = PanelRoute::team(QStringLiteral("1"));
 const PanelRoute matchB = PanelRoute::match(QStringLiteral("73"));
-constexpr int slide = int(AppModel::poppingRouteLifetime.count());
+constexpr int slide = int(PanelNavigation::poppingRouteLifetime.count());
 } // namespace
 
 void NavigationTest::init()
@@ -34,60 +32,66 @@ void NavigationTest::init()
     m_model = m_fixture->makeModel();
 }
 
-void NavigationTest::backOnEmptyStackDoesNothing()
+void NavigationTest::routes_data()
 {
-    m_model->back();
-    QVERIFY(m_model->detailStack().isEmpty());
-    QVERIFY(!m_model->poppingRoute());
+    // Each step opens its route, or goes back for none.
+    QTest::addColumn<QList<std::optional<PanelRoute>>>("steps");
+    QTest::addColumn<QList<PanelRoute>>("stack");
+    QTest::addColumn<std::optional<PanelRoute>>("popping");
+    QTest::addColumn<QList<PanelRoute>>("rendered");
+
+    const std::optional<PanelRoute> back;
+    const std::optional<PanelRoute> none;
+    const PanelRoute matchOne = PanelRoute::match(QStringLiteral("1"));
+    using Steps = QList<std::optional<PanelRoute>>;
+    using Routes = QList<PanelRoute>;
+    // clang-format off
+    QTest::newRow("back on an empty stack") << Steps{back} << Routes{} << none << Routes{};
+    QTest::newRow("popped route slides out") << Steps{teamA, matchB, back} << Routes{teamA} << std::optional(matchB)
+                                             << Routes{teamA, matchB};
+    QTest::newRow("open clears the slide") << Steps{teamA, back, matchB} << Routes{matchB} << none << Routes{matchB};
+    QTest::newRow("route still stacked is drawn once") << Steps{teamA, teamA, back} << Routes{teamA}
+                                                       << std::optional(teamA) << Routes{teamA};
+    QTest::newRow("same id, other kind, is drawn too") << Steps{teamA, matchOne, back} << Routes{teamA}
+                                                       << std::optional(matchOne) << Routes{teamA, matchOne};
+    // clang-format on
 }
 
-void NavigationTest::poppedRouteSlidesOutThenGoes()
+void NavigationTest::routes()
 {
-    m_model->open(teamA);
-    m_model->open(matchB);
-    m_model->back();
-    QCOMPARE(m_model->detailStack(), QList{teamA});
-    QCOMPARE(m_model->poppingRoute(), std::optional(matchB));
-    QCOMPARE(m_model->renderedRoutes(), (QList{teamA, matchB}));
-    QTRY_VERIFY_WITH_TIMEOUT(!m_model->poppingRoute(), slide + 500);
-    QCOMPARE(m_model->renderedRoutes(), QList{teamA});
+    QFETCH(QList<std::optional<PanelRoute>>, steps);
+    QFETCH(std::optional<PanelRoute>, popping);
+    PanelNavigation &navigation = m_model->navigation();
+    for (const std::optional<PanelRoute> &step : steps) {
+        if (step)
+            navigation.open(*step);
+        else
+            navigation.back();
+    }
+    QTEST(navigation.detailStack(), "stack");
+    QCOMPARE(navigation.poppingRoute(), popping);
+    QTEST(navigation.renderedRoutes(), "rendered");
+    // The slide ends on its own, and leaves the stack as it was.
+    QTRY_VERIFY_WITH_TIMEOUT(!navigation.poppingRoute(), slide + 500);
+    QTEST(navigation.renderedRoutes(), "stack");
 }
 
 void NavigationTest::secondBackTakesOverTheSlide()
 {
-    m_model->open(teamA);
-    m_model->open(matchB);
+    PanelNavigation &navigation = m_model->navigation();
+    navigation.open(teamA);
+    navigation.open(matchB);
     QElapsedTimer clock;
     clock.start();
-    m_model->back();
+    navigation.back();
     QTest::qWait(slide / 2);
-    m_model->back();
-    QCOMPARE(m_model->poppingRoute(), std::optional(teamA));
+    navigation.back();
+    QCOMPARE(navigation.poppingRoute(), std::optional(teamA));
     // The first wait ends first; it finds another route sliding and leaves it alone.
     QTest::qWait(int(slide + slide / 4 - clock.elapsed()));
-    QCOMPARE(m_model->poppingRoute(), std::optional(teamA));
-    QTRY_VERIFY_WITH_TIMEOUT(!m_model->poppingRoute(), slide);
-    QVERIFY(m_model->renderedRoutes().isEmpty());
-}
-
-void NavigationTest::openClearsTheSlide()
-{
-    m_model->open(teamA);
-    m_model->back();
-    m_model->open(matchB);
-    QVERIFY(!m_model->poppingRoute());
-    QCOMPARE(m_model->renderedRoutes(), QList{matchB});
-}
-
-void NavigationTest::equalRouteStillStackedIsNotRenderedTwice()
-{
-    m_model->open(teamA);
-    m_model->open(PanelRoute::team(QStringLiteral("1")));
-    m_model->back();
-    QCOMPARE(m_model->poppingRoute(), std::optional(teamA));
-    QCOMPARE(m_model->renderedRoutes(), QList{teamA});
-    QVERIFY((PanelRoute::settings() == PanelRoute{PanelRoute::Kind::settings, QStringLiteral("ignored")}));
-    QVERIFY(!(PanelRoute::team(QStringLiteral("1")) == PanelRoute::match(QStringLiteral("1"))));
+    QCOMPARE(navigation.poppingRoute(), std::optional(teamA));
+    QTRY_VERIFY_WITH_TIMEOUT(!navigation.poppingRoute(), slide);
+    QVERIFY(navigation.renderedRoutes().isEmpty());
 }
 
 void NavigationTest::newerBannerGetsItsOwnFullTime()

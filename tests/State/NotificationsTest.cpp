@@ -173,13 +173,13 @@ void NotificationsTest::clickOpensTheMatchPage()
     QCOMPARE(m_server.received.at(0).summary, QStringLiteral("Kick-off"));
     QCOMPARE(m_server.received.at(1).summary, QStringLiteral("Goal!"));
 
-    model->open(PanelRoute::match(QStringLiteral("2")));
+    model->navigation().open(PanelRoute::match(QStringLiteral("2")));
     QSignalSpy panelRequested(model.get(), &AppModel::panelRequested);
     // A click on another program's notification is none of Pitchlark's business.
     m_server.invoke(m_server.received.at(1).id + 100, QStringLiteral("default"));
     m_server.invoke(m_server.received.at(1).id, QStringLiteral("default"));
     QTRY_COMPARE(panelRequested.size(), 1);
-    QCOMPARE(model->detailStack().constLast(), PanelRoute::match(QStringLiteral("1")));
+    QCOMPARE(model->navigation().detailStack().constLast(), PanelRoute::match(QStringLiteral("1")));
 }
 
 void NotificationsTest::sandboxedAlertGoesThroughThePortal()

@@ -18,7 +18,7 @@ namespace {
 QList<StandingRow> groupRows(const AppModel &model)
 {
     for (const GroupStanding &standing : model.standings()) {
-        if (standing.group == model.selectedGroup())
+        if (standing.group == model.navigation().selectedGroup())
             return standing.standings;
     }
     return {};
@@ -67,10 +67,10 @@ void ScreenListsTest::listsFollowTheQueries()
         if (instant == instants.constFirst()) {
             for (const char *teamID : {"1", "14", "27"})
                 model->toggleFavorite(QString::fromLatin1(teamID));
-            model->setTeamSearchText(QStringLiteral("an"));
+            model->navigation().setTeamSearchText(QStringLiteral("an"));
         }
-        model->setSelectedDate(WCFormatters::shared().dateKey(instant));
-        model->setSelectedGroup(model->allGroups().at(int(instants.indexOf(instant)) % 12));
+        model->navigation().setSelectedDate(WCFormatters::shared().dateKey(instant));
+        model->navigation().setSelectedGroup(model->allGroups().at(int(instants.indexOf(instant)) % 12));
         model->applySelectedDateFilter();
         model->rebuildGlobalCaches();
 

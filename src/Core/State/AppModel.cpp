@@ -31,9 +31,8 @@ AppModel::AppModel(Services services, QObject *parent)
       m_startAtLogin(services.loginItem ? std::move(services.loginItem)
                                         : std::make_unique<XdgAutostartLoginItem>(),
                      this),
-      m_allGroups(groupLetters())
+      m_navigation(WCFormatters::shared().dateKey(m_now()), this), m_allGroups(groupLetters())
 {
-    m_selectedDate = WCFormatters::shared().dateKey(now());
     m_bannerTimer.setSingleShot(true);
     m_bannerTimer.setTimerType(Qt::PreciseTimer);
     m_bannerTimer.setInterval(bannerLifetime);
@@ -42,6 +41,14 @@ AppModel::AppModel(Services services, QObject *parent)
     connect(&m_menuBar, &MenuBarPreferences::displayModeChanged, this, &AppModel::rebuildGlobalCaches);
     connect(&m_menuBar, &MenuBarPreferences::pinnedLiveMatchIDChanged, this, &AppModel::rebuildGlobalCaches);
     connect(&m_menuBar, &MenuBarPreferences::refreshIntervalChanged, this, &AppModel::startPolling);
+    // So do the lists and facts that show what the user chose in the panel.
+    connect(&m_navigation, &PanelNavigation::selectedDateChanged, this, &AppModel::selectedDayFactsChanged);
+    connect(&m_navigation, &PanelNavigation::selectedGroupChanged, this, [this] {
+        // Another group's table is shown afresh, not morphed from the last one's rows.
+        m_lists.groupTable.replace({});
+        feedGroupTable();
+    });
+    connect(&m_navigation, &PanelNavigation::teamSearchTextChanged, this, &AppModel::feedTeamList);
     if (NotificationSender *center = m_notifier.center())
         connect(center, &NotificationSender::activated, this, &AppModel::showMatchFromNotification);
     hydrateFromCache();
@@ -134,78 +141,6 @@ void AppModel::setTrayTitle(const std::optional<QString> &title)
 {
     m_trayTitle = title;
     emit trayTitleChanged();
-}
-
-void AppModel::setSection(Section section)
-{
-    m_section = section;
-    emit sectionChanged();
-}
-
-void AppModel::setSectionName(const QString &name)
-{
-    if (const auto section = sectionFromRawValue(name))
-        setSection(*section);
-}
-
-void AppModel::setSelectedDate(const QString &dateKey)
-{
-    m_selectedDate = dateKey;
-    emit selectedDateChanged();
-    emit selectedDayFactsChanged();
-}
-
-void AppModel::setSelectedGroup(const QString &group)
-{
-    const bool otherGroup = group != m_selectedGroup;
-    m_selectedGroup = group;
-    emit selectedGroupChanged();
-    if (otherGroup)
-        m_lists.groupTable.replace({});
-    feedGroupTable();
-}
-
-void AppModel::setShowsBracket(bool shows)
-{
-    m_showsBracket = shows;
-    emit showsBracketChanged();
-}
-
-void AppModel::setTeamSearchText(const QString &text)
-{
-    m_teamSearchText = text;
-    emit teamSearchTextChanged();
-    feedTeamList();
-}
-
-void AppModel::setSelectedTeamFilterID(const std::optional<QString> &teamID)
-{
-    m_selectedTeamFilterID = teamID;
-    emit selectedTeamFilterIDChanged();
-}
-
-void AppModel::setSelectedTeamFilterIDText(const QString &teamID)
-{
-    setSelectedTeamFilterID(teamID.isEmpty() ? std::nullopt : std::optional(teamID));
-}
-
-void AppModel::setDetailStack(const QList<PanelRoute> &stack)
-{
-    m_detailStack = stack;
-    emit detailStackChanged();
-    emit renderedRoutesChanged();
-}
-
-void AppModel::setPoppingRoute(const std::optional<PanelRoute> &route)
-{
-    m_poppingRoute = route;
-    emit poppingRouteChanged();
-    emit renderedRoutesChanged();
-}
-
-QVariant AppModel::poppingRouteValue() const
-{
-    return m_poppingRoute ? QVariant::fromValue(*m_poppingRoute) : QVariant();
 }
 
 void AppModel::setFavoriteTeamIDs(const QSet<QString> &teamIDs)

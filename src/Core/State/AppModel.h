@@ -20,6 +20,7 @@
 #include "Networking/APIService.h"
 #include "Normalization.h"
 #include "Notifications/NotificationManager.h"
+#include "PanelNavigation.h"
 #include "SettingsStore.h"
 #include "StartAtLogin.h"
 
@@ -50,18 +51,6 @@ class AppModel : public QObject {
     // When the answers kept on disk were written: each good answer rewrites them.
     Q_PROPERTY(QDateTime cachedAt READ cachedDataTime NOTIFY lastUpdatedChanged)
     Q_PROPERTY(QString trayTitle READ trayTitleText NOTIFY trayTitleChanged)
-    Q_PROPERTY(QString section READ sectionName WRITE setSectionName NOTIFY sectionChanged)
-    Q_PROPERTY(QString selectedDate READ selectedDate WRITE setSelectedDate NOTIFY selectedDateChanged)
-    Q_PROPERTY(QString selectedGroup READ selectedGroup WRITE setSelectedGroup NOTIFY selectedGroupChanged)
-    // The standings section shows the knockout tree instead of the group tables.
-    Q_PROPERTY(bool showsBracket READ showsBracket WRITE setShowsBracket NOTIFY showsBracketChanged)
-    Q_PROPERTY(
-        QString teamSearchText READ teamSearchText WRITE setTeamSearchText NOTIFY teamSearchTextChanged)
-    Q_PROPERTY(QString selectedTeamFilterID READ selectedTeamFilterIDText WRITE setSelectedTeamFilterIDText
-                   NOTIFY selectedTeamFilterIDChanged)
-    Q_PROPERTY(QList<PanelRoute> detailStack READ detailStack NOTIFY detailStackChanged)
-    Q_PROPERTY(QVariant poppingRoute READ poppingRouteValue NOTIFY poppingRouteChanged)
-    Q_PROPERTY(QList<PanelRoute> renderedRoutes READ renderedRoutes NOTIFY renderedRoutesChanged)
     Q_PROPERTY(QStringList favoriteTeamIDs READ favoriteTeamIDList NOTIFY favoriteTeamIDsChanged)
     Q_PROPERTY(QVariant activeBanner READ activeBannerValue NOTIFY activeBannerChanged)
     Q_PROPERTY(bool hideScores READ hideScores WRITE setHideScores NOTIFY hideScoresChanged)
@@ -82,6 +71,7 @@ class AppModel : public QObject {
     Q_PROPERTY(AlertPreferences *alerts READ alertsObject CONSTANT)
     Q_PROPERTY(MenuBarPreferences *menuBar READ menuBarObject CONSTANT)
     Q_PROPERTY(StartAtLogin *startAtLogin READ startAtLoginObject CONSTANT)
+    Q_PROPERTY(PanelNavigation *navigation READ navigationObject CONSTANT)
     // Depends on the favourites and on the tables, which arrive before the caches are rebuilt.
     Q_PROPERTY(QStringList groupsByInterest READ groupsByInterest NOTIFY favoriteTeamsChanged)
     // What the fixtures screen says when the selected day has no matches.
@@ -90,7 +80,6 @@ class AppModel : public QObject {
     Q_PROPERTY(KnockoutBracket bracket READ bracket NOTIFY allMatchesChanged)
 
 public:
-    static constexpr std::chrono::milliseconds poppingRouteLifetime{550};
     static constexpr std::chrono::milliseconds bannerLifetime{4500};
     static inline const QString unreachableMessage = QStringLiteral("Couldn't reach the World Cup service.");
 
@@ -118,14 +107,6 @@ public:
     const std::optional<QString> &errorMessage() const { return m_errorMessage; }
     const QDateTime &lastUpdated() const { return m_lastUpdated; }
     const std::optional<QString> &trayTitle() const { return m_trayTitle; }
-    Section section() const { return m_section; }
-    const QString &selectedDate() const { return m_selectedDate; }
-    const QString &selectedGroup() const { return m_selectedGroup; }
-    bool showsBracket() const { return m_showsBracket; }
-    const QString &teamSearchText() const { return m_teamSearchText; }
-    const std::optional<QString> &selectedTeamFilterID() const { return m_selectedTeamFilterID; }
-    const QList<PanelRoute> &detailStack() const { return m_detailStack; }
-    const std::optional<PanelRoute> &poppingRoute() const { return m_poppingRoute; }
     const QSet<QString> &favoriteTeamIDs() const { return m_favoriteTeamIDs; }
     const std::optional<BannerState> &activeBanner() const { return m_activeBanner; }
     bool hideScores() const { return m_hideScores; }
@@ -154,14 +135,10 @@ public:
     const MenuBarPreferences &menuBar() const { return m_menuBar; }
     StartAtLogin &startAtLogin() { return m_startAtLogin; }
     const StartAtLogin &startAtLogin() const { return m_startAtLogin; }
+    PanelNavigation &navigation() { return m_navigation; }
+    const PanelNavigation &navigation() const { return m_navigation; }
 
     // Writes made directly by the screens.
-    void setSection(Section section);
-    void setSelectedDate(const QString &dateKey);
-    void setSelectedGroup(const QString &group);
-    void setShowsBracket(bool shows);
-    void setTeamSearchText(const QString &text);
-    void setSelectedTeamFilterID(const std::optional<QString> &teamID);
     void setHideScores(bool hidden);
 
     // Refresh cycle.
@@ -174,12 +151,6 @@ public:
     void applyMatches(const QList<APIGame> &games, bool fireEvents);
 
     // Actions.
-    void open(const PanelRoute &route);
-    Q_INVOKABLE void openMatch(const QString &matchID) { open(PanelRoute::match(matchID)); }
-    Q_INVOKABLE void openTeam(const QString &teamID) { open(PanelRoute::team(teamID)); }
-    Q_INVOKABLE void openStadium(const QString &stadiumID) { open(PanelRoute::stadium(stadiumID)); }
-    Q_INVOKABLE void openSettings() { open(PanelRoute::settings()); }
-    Q_INVOKABLE void back();
     // The fixtures page filtered to one team, with every detail page closed on the way.
     Q_INVOKABLE void showTeamFixtures(const QString &teamID);
     Q_INVOKABLE void toggleFavorite(const QString &teamID);
@@ -218,14 +189,13 @@ public:
     const KnockoutBracket &bracket() const { return m_bracket; }
     // What a day without matches can offer instead: a countdown, the nearest match days, the champion.
     Q_INVOKABLE DayFacts dayFacts(const QString &dateKey) const;
-    DayFacts selectedDayFacts() const { return dayFacts(m_selectedDate); }
+    DayFacts selectedDayFacts() const { return dayFacts(m_navigation.selectedDate()); }
     std::optional<Match> trayMatch(const QList<Match> &live) const;
     Q_INVOKABLE TeamSummary teamSummary(const QString &teamID) const;
     Q_INVOKABLE QList<TeamSearchResult> teamSearchResults() const;
     Q_INVOKABLE TeamDetailState teamDetailState(const QString &teamID) const;
     // One team's matches by kick-off.
     QList<Match> matchesOfTeam(const QString &teamID) const;
-    QList<PanelRoute> renderedRoutes() const;
 
     // Calendar: writes an iCalendar file of the matches and opens it with the desktop's calendar.
     // False when there is nothing to add or the file cannot be written.
@@ -261,16 +231,7 @@ signals:
     void errorMessageChanged();
     void lastUpdatedChanged();
     void trayTitleChanged();
-    void sectionChanged();
-    void selectedDateChanged();
-    void selectedGroupChanged();
-    void showsBracketChanged();
     void selectedDayFactsChanged();
-    void teamSearchTextChanged();
-    void selectedTeamFilterIDChanged();
-    void detailStackChanged();
-    void poppingRouteChanged();
-    void renderedRoutesChanged();
     void favoriteTeamIDsChanged();
     void activeBannerChanged();
     void hideScoresChanged();
@@ -287,11 +248,6 @@ private:
     // QML-facing forms of optional and enumerated members.
     QString errorMessageText() const { return m_errorMessage.value_or(QString()); }
     QString trayTitleText() const { return m_trayTitle.value_or(QString()); }
-    QString sectionName() const { return rawValue(m_section); }
-    void setSectionName(const QString &name);
-    QString selectedTeamFilterIDText() const { return m_selectedTeamFilterID.value_or(QString()); }
-    void setSelectedTeamFilterIDText(const QString &teamID);
-    QVariant poppingRouteValue() const;
     QStringList favoriteTeamIDList() const;
     QVariant activeBannerValue() const;
     QStringList revealedMatchIDList() const;
@@ -303,8 +259,6 @@ private:
     void setErrorMessage(const std::optional<QString> &message);
     void setLastUpdated(const QDateTime &instant);
     void setTrayTitle(const std::optional<QString> &title);
-    void setDetailStack(const QList<PanelRoute> &stack);
-    void setPoppingRoute(const std::optional<PanelRoute> &route);
     void setFavoriteTeamIDs(const QSet<QString> &teamIDs);
     void setActiveBanner(const std::optional<BannerState> &banner);
     void setTeamsByID(const TeamTable &teams);
@@ -322,6 +276,7 @@ private:
     AlertPreferences *alertsObject() { return &m_alerts; }
     MenuBarPreferences *menuBarObject() { return &m_menuBar; }
     StartAtLogin *startAtLoginObject() { return &m_startAtLogin; }
+    PanelNavigation *navigationObject() { return &m_navigation; }
     struct FavoriteMatchGroups {
         QList<Match> running;
         QList<Match> coming;
@@ -340,14 +295,6 @@ private:
     std::optional<QString> m_errorMessage;
     QDateTime m_lastUpdated;
     std::optional<QString> m_trayTitle;
-    Section m_section = Section::fixtures;
-    QString m_selectedDate;
-    QString m_selectedGroup = QStringLiteral("A");
-    bool m_showsBracket = false;
-    QString m_teamSearchText;
-    std::optional<QString> m_selectedTeamFilterID;
-    QList<PanelRoute> m_detailStack;
-    std::optional<PanelRoute> m_poppingRoute;
     QSet<QString> m_favoriteTeamIDs;
     std::optional<BannerState> m_activeBanner;
     bool m_hideScores = false;
@@ -376,6 +323,7 @@ private:
     AlertPreferences m_alerts;
     MenuBarPreferences m_menuBar;
     StartAtLogin m_startAtLogin;
+    PanelNavigation m_navigation;
     std::unique_ptr<QTimer> m_pollingTimer;
     bool m_isFetching = false;
     QHash<QString, MatchSnapshot> m_matchSnapshots;

@@ -76,20 +76,19 @@ void AppModel::applySelectedDateFilter()
 {
     const WCFormatters &formatters = WCFormatters::shared();
     const QString todayKey = formatters.dateKey(now());
+    const std::optional<QString> &teamFilter = m_navigation.selectedTeamFilterID();
+    const QString &selectedDate = m_navigation.selectedDate();
     QList<Match> filtered;
     for (const Match &match : std::as_const(m_allMatches)) {
-        const bool keep =
-            m_selectedTeamFilterID
-                ? (match.homeTeamID == *m_selectedTeamFilterID || match.awayTeamID == *m_selectedTeamFilterID)
-                : (match.kickoffDate.isValid() ? formatters.dateKey(match.kickoffDate) : todayKey) ==
-                      m_selectedDate;
+        const bool keep = teamFilter ? (match.homeTeamID == *teamFilter || match.awayTeamID == *teamFilter)
+                                     : (match.kickoffDate.isValid() ? formatters.dateKey(match.kickoffDate)
+                                                                    : todayKey) == selectedDate;
         if (keep)
             filtered.append(match);
     }
     filtered =
         stablySorted(filtered, [this](const Match &a, const Match &b) { return fixtureListSort(a, b); });
-    const QString subject =
-        m_selectedTeamFilterID ? QStringLiteral("team:") + *m_selectedTeamFilterID : m_selectedDate;
+    const QString subject = teamFilter ? QStringLiteral("team:") + *teamFilter : selectedDate;
     if (subject != m_fixturesSubject) {
         m_fixturesSubject = subject;
         m_lists.fixtures.replace(filtered);
@@ -111,9 +110,10 @@ void AppModel::feedFavoriteLists()
 
 void AppModel::feedGroupTable()
 {
-    const auto group =
-        std::find_if(m_standings.cbegin(), m_standings.cend(),
-                     [this](const GroupStanding &standing) { return standing.group == m_selectedGroup; });
+    const auto group = std::find_if(m_standings.cbegin(), m_standings.cend(),
+                                    [&group = m_navigation.selectedGroup()](const GroupStanding &standing) {
+                                        return standing.group == group;
+                                    });
     m_lists.groupTable.update(group == m_standings.cend() ? QList<StandingRow>() : group->standings);
 }
 
@@ -132,7 +132,7 @@ void AppModel::feedGroupTables()
 
 void AppModel::feedTeamList()
 {
-    if (!m_teamSearchText.trimmed().isEmpty()) {
+    if (!m_navigation.teamSearchText().trimmed().isEmpty()) {
         m_lists.teams.update(teamSearchResults());
         return;
     }
@@ -328,7 +328,7 @@ TeamSummary AppModel::teamSummary(const QString &teamID) const
 QList<TeamSearchResult> AppModel::teamSearchResults() const
 {
     constexpr qsizetype maximumResults = 20;
-    const QString query = m_teamSearchText.trimmed().toLower();
+    const QString query = m_navigation.teamSearchText().trimmed().toLower();
     if (query.isEmpty())
         return {};
     QList<APITeam> found;

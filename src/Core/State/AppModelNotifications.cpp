@@ -80,7 +80,7 @@ void AppModel::emitAlert(BannerState::Kind kind, const Match &match)
 
 void AppModel::showMatchFromNotification(const QString &matchID)
 {
-    open(PanelRoute::match(matchID));
+    m_navigation.open(PanelRoute::match(matchID));
     emit panelRequested();
 }
 

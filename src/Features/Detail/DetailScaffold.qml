@@ -18,7 +18,7 @@ Item {
             symbol: "‹"
             objectName: "backButton"
             accessibleName: "Back"
-            onClicked: scaffold.model.back()
+            onClicked: scaffold.model.navigation.back()
         }
         Text {
             objectName: "detailTitle"

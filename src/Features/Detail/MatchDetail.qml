@@ -188,7 +188,7 @@ Column {
         visible: detail.found
         focusRadius: Theme.cardRadius
         accessibleName: detail.found ? "Open " + detail.match.stadium : ""
-        onClicked: detail.model.openStadium(detail.match.stadiumID)
+        onClicked: detail.model.navigation.openStadium(detail.match.stadiumID)
         transform: AppearAnimation { target: venue; delay: 120 }
 
         GlassCard {

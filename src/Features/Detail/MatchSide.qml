@@ -25,7 +25,7 @@ Column {
         focusRadius: 12
         enabled: side.teamID.length > 0
         accessibleName: "Open " + side.name
-        onClicked: side.model.openTeam(side.teamID)
+        onClicked: side.model.navigation.openTeam(side.teamID)
         Column {
             id: teamColumn
             width: parent.width

@@ -98,7 +98,7 @@ Item {
                 anchors.horizontalCenter: parent.horizontalCenter
                 visible: screen.teamCount === 0
                 text: "Browse teams"
-                onClicked: screen.model.section = "teams"
+                onClicked: screen.model.navigation.section = "teams"
             }
         }
     }

@@ -16,8 +16,8 @@ Item {
     readonly property int tileHeight: 56
 
     function choose(key) {
-        model.selectedTeamFilterID = "";
-        model.selectedDate = key;
+        model.navigation.selectedTeamFilterID = "";
+        model.navigation.selectedDate = key;
         model.applySelectedDateFilter();
     }
 
@@ -31,7 +31,7 @@ Item {
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         model: strip.keys
-        currentIndex: strip.keys.indexOf(strip.model.selectedDate)
+        currentIndex: strip.keys.indexOf(strip.model.navigation.selectedDate)
         highlightFollowsCurrentItem: false
         Component.onCompleted: positionViewAtIndex(Math.max(0, currentIndex - 2), ListView.Beginning)
 
@@ -39,8 +39,8 @@ Item {
             id: tile
             required property string modelData
             required property int index
-            readonly property bool selected: modelData === strip.model.selectedDate
-                                             && strip.model.selectedTeamFilterID.length === 0
+            readonly property bool selected: modelData === strip.model.navigation.selectedDate
+                                             && strip.model.navigation.selectedTeamFilterID.length === 0
             readonly property bool today: index === strip.todayIndex
 
             objectName: "day-" + modelData

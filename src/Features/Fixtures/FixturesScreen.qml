@@ -10,8 +10,8 @@ Item {
     id: screen
 
     required property AppModel model
-    readonly property bool filtered: model.selectedTeamFilterID.length > 0
-    readonly property bool isToday: model.selectedDate === model.lists.days[3]
+    readonly property bool filtered: model.navigation.selectedTeamFilterID.length > 0
+    readonly property bool isToday: model.navigation.selectedDate === model.lists.days[3]
     readonly property int matchCount: model.lists.fixtures.count
 
     Component.onCompleted: model.applySelectedDateFilter()
@@ -46,7 +46,7 @@ Item {
                     objectName: "dayHeading"
                     anchors.left: parent.left
                     text: screen.filtered ? "All matches"
-                        : (screen.isToday ? "Today · " : "") + screen.model.friendlyDate(screen.model.selectedDate)
+                        : (screen.isToday ? "Today · " : "") + screen.model.friendlyDate(screen.model.navigation.selectedDate)
                     textFormat: Text.PlainText
                     font.pixelSize: 15
                     font.weight: Font.Bold

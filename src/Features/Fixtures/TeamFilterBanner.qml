@@ -7,7 +7,7 @@ GlassCard {
     id: banner
 
     required property AppModel model
-    readonly property var team: model.teamSummary(model.selectedTeamFilterID)
+    readonly property var team: model.teamSummary(model.navigation.selectedTeamFilterID)
 
     surfaceOpacity: model.glass.surfaceOpacity
     tint: Qt.rgba(Theme.accent.r, Theme.accent.g, Theme.accent.b, 0.08)
@@ -39,7 +39,7 @@ GlassCard {
             symbol: "✕"
             accessibleName: "Show all teams"
             onClicked: {
-                banner.model.selectedTeamFilterID = "";
+                banner.model.navigation.selectedTeamFilterID = "";
                 banner.model.applySelectedDateFilter();
             }
         }

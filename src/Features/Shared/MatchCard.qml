@@ -29,7 +29,7 @@ Pressable {
     accessibleName: scoreHidden ? match.fixtureName + ", score hidden, " + match.spoilerFreeStatusLabel + ". Open match"
                                 : match.homeTeam + " " + match.displayHomeScore + ", " + match.awayTeam + " "
                                   + match.displayAwayScore + ", " + match.compactStatusLabel + ". Open match"
-    onClicked: model.openMatch(match.id)
+    onClicked: model.navigation.openMatch(match.id)
 
     GlassCard {
         id: surface

@@ -49,7 +49,7 @@ Item {
         IconButton {
             symbol: "⚙"
             accessibleName: "Settings"
-            onClicked: header.model.openSettings()
+            onClicked: header.model.navigation.openSettings()
         }
     }
 }

@@ -26,7 +26,7 @@ Pressable {
     implicitHeight: 50
     focusRadius: 12
     accessibleName: "Open " + name
-    onClicked: model.openTeam(teamID)
+    onClicked: model.navigation.openTeam(teamID)
 
     Rectangle {
         anchors { left: parent.left; right: parent.right; top: parent.top; leftMargin: 10; rightMargin: 10 }

@@ -15,7 +15,7 @@ Pressable {
     implicitHeight: card.implicitHeight
     focusRadius: Theme.cardRadius
     accessibleName: "Open " + stadium.nameEn
-    onClicked: model.openStadium(stadium.id)
+    onClicked: model.navigation.openStadium(stadium.id)
 
     GlassCard {
         id: card

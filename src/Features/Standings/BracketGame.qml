@@ -24,7 +24,7 @@ Pressable {
                                 : match.homeTeam + " " + match.displayHomeScore + ", " + match.awayTeam + " "
                                   + match.displayAwayScore + ", "
                                   + (scheduled ? match.kickoffDatedLabel : match.kickoffDetailLabel) + ". Open match"
-    onClicked: model.openMatch(match.id)
+    onClicked: model.navigation.openMatch(match.id)
 
     component Side: Item {
         id: side

@@ -109,7 +109,7 @@ Item {
                         y: (pair.firstMiddle + pair.secondMiddle) / 2 - height / 2
                         focusRadius: 8
                         accessibleName: "Next: " + pair.fed.homeTeam + " v " + pair.fed.awayTeam + ". Open match"
-                        onClicked: view.model.openMatch(pair.fed.id)
+                        onClicked: view.model.navigation.openMatch(pair.fed.id)
 
                         Rectangle {
                             anchors.fill: parent

@@ -22,7 +22,7 @@ Pressable {
     focusRadius: 10
     accessibleName: concealed ? standing.team + ". Open team"
                               : standing.team + ", place " + standing.position + ", " + standing.points + " points. Open team"
-    onClicked: model.openTeam(standing.teamID)
+    onClicked: model.navigation.openTeam(standing.teamID)
 
     Rectangle {
         anchors.fill: parent

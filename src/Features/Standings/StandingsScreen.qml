@@ -12,7 +12,7 @@ Item {
 
     required property AppModel model
 
-    Component.onCompleted: model.selectedGroup = model.groupsByInterest[0]
+    Component.onCompleted: model.navigation.selectedGroup = model.groupsByInterest[0]
 
     function scrollToGroup(letter) {
         for (let index = 0; index < tables.count; ++index) {
@@ -29,12 +29,12 @@ Item {
         anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter }
         implicitHeight: 30
         sections: [{ key: "groups", title: "Groups" }, { key: "knockout", title: "Knockout" }]
-        current: screen.model.showsBracket ? "knockout" : "groups"
-        onSelected: key => screen.model.showsBracket = key === "knockout"
+        current: screen.model.navigation.showsBracket ? "knockout" : "groups"
+        onSelected: key => screen.model.navigation.showsBracket = key === "knockout"
     }
     Item {
         anchors { left: parent.left; right: parent.right; top: views.bottom; bottom: parent.bottom; topMargin: 6 }
-        visible: !screen.model.showsBracket
+        visible: !screen.model.navigation.showsBracket
 
         SectionSwitcher {
             id: picker
@@ -43,9 +43,9 @@ Item {
             anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter }
             implicitHeight: 30
             sections: Array.from(screen.model.allGroups, letter => ({ key: letter, title: letter, accessibleName: "Group " + letter }))
-            current: screen.model.selectedGroup
+            current: screen.model.navigation.selectedGroup
             onSelected: key => {
-                screen.model.selectedGroup = key;
+                screen.model.navigation.selectedGroup = key;
                 screen.scrollToGroup(key);
             }
         }
@@ -100,7 +100,7 @@ Item {
     }
     Loader {
         anchors { left: parent.left; right: parent.right; top: views.bottom; bottom: parent.bottom; topMargin: 6 }
-        active: screen.model.showsBracket
+        active: screen.model.navigation.showsBracket
         // By its file rather than an inline component, which a Loader cannot build in a bound file.
         Component.onCompleted: setSource("BracketView.qml", { model: screen.model })
     }

@@ -10,7 +10,7 @@ Item {
     id: screen
 
     required property AppModel model
-    readonly property bool searching: model.teamSearchText.trim().length > 0
+    readonly property bool searching: model.navigation.teamSearchText.trim().length > 0
     readonly property int teamCount: model.lists.teams.count
 
     SearchField {
@@ -19,8 +19,8 @@ Item {
         anchors { left: parent.left; right: parent.right; top: parent.top }
         anchors { leftMargin: Theme.gutter; rightMargin: Theme.gutter }
         placeholder: "Search teams or codes"
-        text: screen.model.teamSearchText
-        onEdited: typed => screen.model.teamSearchText = typed
+        text: screen.model.navigation.teamSearchText
+        onEdited: typed => screen.model.navigation.teamSearchText = typed
     }
     FadingScrollView {
         anchors { left: parent.left; right: parent.right; top: search.bottom; bottom: parent.bottom }
@@ -76,7 +76,7 @@ Item {
                 width: parent.width
                 visible: screen.teamCount === 0
                 symbol: screen.searching ? "🔍" : "🌍"
-                title: screen.searching ? "No team matches “" + screen.model.teamSearchText.trim() + "”"
+                title: screen.searching ? "No team matches “" + screen.model.navigation.teamSearchText.trim() + "”"
                      : screen.model.isLoading ? "Loading teams…" : "No teams yet"
                 message: screen.searching ? "Try a country's name or its three-letter code."
                        : screen.model.isLoading ? "" : "The teams appear with the next update."
