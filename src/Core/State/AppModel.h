@@ -56,15 +56,11 @@ class AppModel : public QObject {
     Q_PROPERTY(bool hideScores READ hideScores WRITE setHideScores NOTIFY hideScoresChanged)
     // The matches whose scores the user revealed this session while scores are hidden.
     Q_PROPERTY(QStringList revealedMatchIDs READ revealedMatchIDList NOTIFY revealedMatchIDsChanged)
-    Q_PROPERTY(QList<APITeam> allTeamsSorted READ allTeamsSorted NOTIFY teamsByIDChanged)
     Q_PROPERTY(QList<APIStadium> allStadiumsSorted READ allStadiumsSorted NOTIFY stadiumsByIDChanged)
     Q_PROPERTY(QList<Match> allMatches READ allMatches NOTIFY allMatchesChanged)
-    // The live matches in tray order; rebuilt with the title, so it shares the title's signal.
-    Q_PROPERTY(QList<Match> liveMatches READ liveMatchesCache NOTIFY trayTitleChanged)
     Q_PROPERTY(QStringList allGroups READ allGroups CONSTANT)
-    // The followed teams by name; rebuilt with the other caches, which signal it.
-    Q_PROPERTY(QList<TeamSummary> favoriteTeams READ favoriteTeamsCache NOTIFY favoriteTeamsChanged)
-    // The same data as id-keyed list models, which the screens' lists are built on.
+    // The same data as id-keyed list models, which the screens are built on: the live matches and the
+    // followed teams reach QML only through them.
     Q_PROPERTY(ScreenLists *lists READ lists CONSTANT)
     // The parts of the state that live in objects of their own.
     Q_PROPERTY(GlassPreferences *glass READ glassObject CONSTANT)
