@@ -47,6 +47,7 @@ private slots:
     void liveMatchesFirstWithTheirClocks();
     void choosingADayChangesTheList();
     void pollUpdatesCardsInPlace();
+    void statusLineFollowsPolls();
     void cardOpensTheMatchAndBackReturns();
     void starFollowsATeamAndStoresIt();
     void tabbingScrollsTheFocusIntoView();
@@ -142,6 +143,15 @@ void PanelScreensTest::pollUpdatesCardsInPlace()
         QCOMPARE(m_panel->item(QStringLiteral("matchCard-") + ids.at(index)), cards.at(index).data());
     }
     QCOMPARE(cards.at(row)->property("match").value<Match>().displayHomeScore(), QStringLiteral("1"));
+}
+
+void PanelScreensTest::statusLineFollowsPolls()
+{
+    QQuickItem *line = m_panel->item(QStringLiteral("statusLine"));
+    QVERIFY(line);
+    m_panel->pollAt(frozenAt.addSecs(75));
+    QVERIFY(m_panel->model->statusLine().startsWith(QStringLiteral("Updated ")));
+    QCOMPARE(line->property("text").toString(), m_panel->model->statusLine());
 }
 
 void PanelScreensTest::cardOpensTheMatchAndBackReturns()

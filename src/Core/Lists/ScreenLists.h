@@ -25,6 +25,8 @@ class ScreenLists : public QObject {
     Q_PROPERTY(RecordListModel *stadiums READ stadiumsModel CONSTANT)
     // The date strip's days, as date keys around today.
     Q_PROPERTY(QStringList days READ days NOTIFY daysChanged)
+    // The matches yet to finish that kick off together with a followed team's match.
+    Q_PROPERTY(QStringList concurrentMatchIDs READ concurrentMatchIDs NOTIFY concurrentMatchIDsChanged)
 
 public:
     explicit ScreenLists(QObject *parent = nullptr) : QObject(parent) {}
@@ -53,8 +55,16 @@ public:
             emit daysChanged();
     }
 
+    QStringList concurrentMatchIDs() const { return m_concurrentMatchIDs; }
+    void setConcurrentMatchIDs(const QStringList &ids)
+    {
+        if (std::exchange(m_concurrentMatchIDs, ids) != ids)
+            emit concurrentMatchIDsChanged();
+    }
+
 signals:
     void daysChanged();
+    void concurrentMatchIDsChanged();
 
 private:
     RecordListModel *fixturesModel() { return &fixtures; }
@@ -69,4 +79,5 @@ private:
     RecordListModel *stadiumsModel() { return &stadiums; }
 
     QStringList m_days;
+    QStringList m_concurrentMatchIDs;
 };

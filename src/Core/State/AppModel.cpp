@@ -123,6 +123,7 @@ void AppModel::setIsLoading(bool loading)
 {
     m_isLoading = loading;
     emit isLoadingChanged();
+    emit statusLineChanged();
 }
 
 void AppModel::setErrorMessage(const std::optional<QString> &message)
@@ -135,6 +136,7 @@ void AppModel::setLastUpdated(const QDateTime &instant)
 {
     m_lastUpdated = instant;
     emit lastUpdatedChanged();
+    emit statusLineChanged();
 }
 
 void AppModel::setTrayTitle(const std::optional<QString> &title)

@@ -51,6 +51,8 @@ class AppModel : public QObject {
     // When the answers kept on disk were written: each good answer rewrites them.
     Q_PROPERTY(QDateTime cachedAt READ cachedDataTime NOTIFY lastUpdatedChanged)
     Q_PROPERTY(QString trayTitle READ trayTitleText NOTIFY trayTitleChanged)
+    // "Updated 21:30" or "Loading…" under the panel's title.
+    Q_PROPERTY(QString statusLine READ statusLine NOTIFY statusLineChanged)
     Q_PROPERTY(QStringList favoriteTeamIDs READ favoriteTeamIDList NOTIFY favoriteTeamIDsChanged)
     Q_PROPERTY(QVariant activeBanner READ activeBannerValue NOTIFY activeBannerChanged)
     Q_PROPERTY(bool hideScores READ hideScores WRITE setHideScores NOTIFY hideScoresChanged)
@@ -164,7 +166,7 @@ public:
     Q_INVOKABLE QString weekdayShort(const QString &dateKey) const;
     Q_INVOKABLE QString dayNumber(const QString &dateKey) const;
     QSet<QDateTime> computeContestedKickoffs() const;
-    Q_INVOKABLE bool isConcurrentMatch(const Match &match) const;
+    bool isConcurrentMatch(const Match &match) const;
     Q_INVOKABLE QList<Match> matchesForStadiumID(const QString &stadiumID) const;
     // The followed teams' matches: running ones, then those to come by kick-off, then results, latest
     // first.
@@ -173,7 +175,7 @@ public:
     Q_INVOKABLE QString dataServiceURL() const { return APIService::baseURL(); }
     QDateTime cachedDataTime() const;
     // The line under the panel's title: loading, the time of the last update, or neither.
-    Q_INVOKABLE QString statusLine() const;
+    QString statusLine() const;
     QList<APIStadium> allStadiumsSorted() const;
     QList<APITeam> allTeamsSorted() const;
     std::optional<QString> groupLabel(const QString &teamID) const;
@@ -226,6 +228,7 @@ signals:
     void isLoadingChanged();
     void errorMessageChanged();
     void lastUpdatedChanged();
+    void statusLineChanged();
     void trayTitleChanged();
     void selectedDayFactsChanged();
     void favoriteTeamIDsChanged();

@@ -58,6 +58,12 @@ void AppModel::rebuildGlobalCaches()
     emit favoriteTeamsChanged();
 
     m_contestedKickoffsCache = computeContestedKickoffs();
+    QStringList concurrent;
+    for (const Match &match : std::as_const(m_allMatches)) {
+        if (isConcurrentMatch(match))
+            concurrent.append(match.id);
+    }
+    m_lists.setConcurrentMatchIDs(concurrent);
 
     m_lists.liveMatches.update(m_liveMatchesCache);
     m_lists.favoriteTeams.update(m_favoriteTeamsCache);

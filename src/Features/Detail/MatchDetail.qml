@@ -134,8 +134,7 @@ Column {
             }
             ConcurrencyMark {
                 anchors.horizontalCenter: parent.horizontalCenter
-                // The caches behind the answer are rebuilt with the title, which is set on every rebuild.
-                visible: { detail.model.trayTitle; return detail.found && detail.model.isConcurrentMatch(detail.match); }
+                visible: detail.found && detail.model.lists.concurrentMatchIDs.indexOf(detail.match.id) >= 0
             }
         }
     }

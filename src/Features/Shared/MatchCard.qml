@@ -60,8 +60,7 @@ Pressable {
                     }
                     ConcurrencyMark {
                         anchors.verticalCenter: parent.verticalCenter
-                        // The caches behind the answer are rebuilt with the title, which is set on every rebuild.
-                        visible: { card.model.trayTitle; return card.model.isConcurrentMatch(card.match); }
+                        visible: card.model.lists.concurrentMatchIDs.indexOf(card.match.id) >= 0
                     }
                 }
                 Row {

@@ -23,7 +23,7 @@ Item {
         }
         Text {
             objectName: "statusLine"
-            text: { header.model.isLoading; header.model.lastUpdated; return header.model.statusLine(); }
+            text: header.model.statusLine
             textFormat: Text.PlainText
             font.pixelSize: 11
             font.weight: Font.Medium
