@@ -39,6 +39,8 @@ Item {
         contentWidth: width
         contentHeight: body.childrenRect.height + view.topFade + view.bottomFade
         boundsBehavior: Flickable.StopAtBounds
+        // Rows scrolled out above the view would otherwise still take the clicks meant for what is there.
+        clip: true
         // Drawn through the mask but still the item that takes clicks and wheel turns.
         layer.enabled: true
         layer.effect: AlphaMask { maskSource: fade }

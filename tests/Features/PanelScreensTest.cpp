@@ -212,6 +212,14 @@ void PanelScreensTest::standingsShowTheGroupInOrderAndOpenTeams()
 {
     m_panel->click(QStringLiteral("segment-standings"));
     QTRY_VERIFY(m_panel->item(QStringLiteral("groupPicker")));
+    // The picker marks the group at the top of the list, and picking a group brings its table there.
+    const QString first = screenLists(*m_panel)->groupTables.keys().constFirst();
+    QTRY_COMPARE(m_panel->model->navigation().selectedGroup(), first);
+    const qreal top = m_panel->item(QStringLiteral("qualificationLegend"))->mapToScene({}).y();
+    m_panel->click(QStringLiteral("segment-F"));
+    QCOMPARE(m_panel->model->navigation().selectedGroup(), QStringLiteral("F"));
+    QTRY_COMPARE(qRound(m_panel->item(QStringLiteral("standingsTable-F"))->mapToScene({}).y()), qRound(top));
+    // Scrolled, the list still leaves the picker its clicks.
     m_panel->click(QStringLiteral("segment-L"));
     QCOMPARE(m_panel->model->navigation().selectedGroup(), QStringLiteral("L"));
     const auto group = std::find_if(m_panel->model->standings().cbegin(), m_panel->model->standings().cend(),

@@ -5,21 +5,42 @@ import Pitchlark.DesignSystem
 import Pitchlark.Features
 
 // The tournament's tables, as groups or as the knockout tree. The groups view lists every table, the
-// followed teams' groups first, and opens on the first of them; the picker scrolls to a group. Before
-// the tables arrive, a calm note instead.
+// followed teams' groups first; the picker scrolls to a group and, as the list scrolls, marks the group
+// at its top. Before the tables arrive, a calm note instead.
 Item {
     id: screen
 
     required property AppModel model
 
-    Component.onCompleted: model.navigation.selectedGroup = model.groupsByInterest[0]
-
     function scrollToGroup(letter) {
         for (let index = 0; index < tables.count; ++index) {
-            const table = tables.itemAt(index);
-            if (table.group === letter)
+            const table = tables.itemAt(index) as GroupTable;
+            if (table && table.group === letter)
                 scroll.contentY = Math.max(0, Math.min(table.y, scroll.flickable.contentHeight - scroll.height));
         }
+    }
+
+    function markTopGroup() {
+        // At the end of the list the last groups cannot reach the top: one picked there stays marked.
+        const flick = scroll.flickable;
+        if (flick.contentY >= flick.contentHeight - scroll.height - 1)
+            return;
+        let top = tables.count > 0 ? (tables.itemAt(0) as GroupTable).group : "";
+        let topY = -1;
+        for (let index = 0; index < tables.count; ++index) {
+            const table = tables.itemAt(index) as GroupTable;
+            if (table && table.y <= flick.contentY + 1 && table.y > topY) {
+                top = table.group;
+                topY = table.y;
+            }
+        }
+        if (top !== "")
+            model.navigation.selectedGroup = top;
+    }
+
+    Connections {
+        target: scroll.flickable
+        function onContentYChanged() { screen.markTopGroup(); }
     }
 
     SectionSwitcher {
@@ -57,6 +78,7 @@ Item {
             Column {
                 width: parent.width
                 spacing: Theme.rowSpacing
+                onPositioningComplete: screen.markTopGroup()
 
                 ErrorNote {
                     width: parent.width
