@@ -75,8 +75,6 @@ void AppcastTest::versionOrder()
     const auto b = UpdateVersion::parse(newer);
     QVERIFY(a && b);
     QVERIFY(*a < *b);
-    QVERIFY(*b > *a);
-    QVERIFY(*a != *b);
     QCOMPARE(UpdateVersion::parse(older + QStringLiteral(".0")), a);
 }
 
