@@ -146,12 +146,6 @@ void APIServiceTest::requestIsPlainJsonGet()
     QVERIFY(fetchAndWait<APIGamesResponse>(*m_service, APIService::gamesPath));
     QCOMPARE(m_methods, QList{QHttpServerRequest::Method::Get});
     QCOMPARE(m_acceptHeaders, QList<QByteArray>{"application/json"});
-
-    const auto request = m_service->makeRequest(APIService::teamsPath);
-    QVERIFY(request);
-    QCOMPARE(request->transferTimeout(), 25'000);
-    QCOMPARE(request->attribute(QNetworkRequest::CacheLoadControlAttribute).toInt(),
-             int(QNetworkRequest::AlwaysNetwork));
 }
 
 void APIServiceTest::answers_data()

@@ -14,7 +14,6 @@ private slots:
     void scoreTexts();
     void roundAndVenue_data();
     void roundAndVenue();
-    void statusRawValues();
     void flagEmoji_data();
     void flagEmoji();
     void parseMatchDate_data();
@@ -145,15 +144,6 @@ void MatchRecordsTest::roundAndVenue()
     match.city = city;
     QTEST(match.roundLabel(), "roundLabel");
     QTEST(match.venueLine(), "venueLine");
-}
-
-void MatchRecordsTest::statusRawValues()
-{
-    for (const MatchStatus status :
-         {MatchStatus::scheduled, MatchStatus::inPlay, MatchStatus::halfTime, MatchStatus::finished})
-        QCOMPARE(matchStatusFromRawValue(rawValue(status)), std::optional(status));
-    QCOMPARE(rawValue(MatchStatus::inPlay), QStringLiteral("in_play"));
-    QCOMPARE(matchStatusFromRawValue(QStringLiteral("live")), std::nullopt);
 }
 
 void MatchRecordsTest::flagEmoji_data()

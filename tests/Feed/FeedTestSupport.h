@@ -18,7 +18,6 @@
 struct HttpAnswer {
     int status = 0; // 0 when no HTTP answer came
     QByteArray body;
-    QNetworkReply::NetworkError error = QNetworkReply::NoError;
     QByteArray contentType;
 };
 
@@ -38,7 +37,6 @@ inline HttpAnswer httpExchange(const QUrl &url, const QByteArray &method = "GET"
     HttpAnswer answer;
     answer.status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     answer.body = reply->readAll();
-    answer.error = reply->error();
     answer.contentType = reply->header(QNetworkRequest::ContentTypeHeader).toByteArray();
     return answer;
 }
@@ -55,7 +53,6 @@ public:
     }
 
     bool isListening() const { return m_port != 0; }
-    FeedServer &server() { return m_server; }
     QUrl url(const QString &path) const
     {
         return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(m_port).arg(path));

@@ -240,24 +240,10 @@ void FeedTruthTest::recordsKeepTheServiceHabits()
     QCOMPARE(notStarted.value(u"home_scorers").toString(), QStringLiteral("null"));
     QCOMPARE(notStarted.value(u"finished").toString(), QStringLiteral("FALSE"));
     QCOMPARE(notStarted.value(u"time_elapsed").toString(), QStringLiteral("notstarted"));
-
-    const QJsonObject halfDecided = games.at(73).toObject(); // game 74: Germany against a third still unknown
-    QCOMPARE(halfDecided.value(u"away_team_id").toString(), QStringLiteral("0"));
-    QCOMPARE(halfDecided.value(u"away_team_label").toString(), QStringLiteral("3rd Group A/B/C/D/F"));
-    QVERIFY(!halfDecided.contains(u"away_team_name_en"));
-    QCOMPARE(halfDecided.value(u"home_team_name_en").toString(), QStringLiteral("Germany"));
-
-    // Game 4, USA 4-1 Paraguay, written as the real service wrote it.
-    const QJsonObject finished = games.at(3).toObject();
-    QCOMPARE(finished.value(u"finished").toString(), QStringLiteral("TRUE"));
-    QCOMPARE(finished.value(u"time_elapsed").toString(), QStringLiteral("finished"));
-    QCOMPARE(finished.value(u"home_scorers").toString(),
+    // Scorers as the real service wrote them for game 4, USA 4-1 Paraguay: in braces, not a JSON list.
+    QCOMPARE(games.at(3).toObject().value(u"home_scorers").toString(),
              QString::fromUtf8("{\"D. Bobadilla 7'(OG)\",\"F. Balogun 31'\",\"F. Balogun 45'+5'\","
                                "\"G. Reyna 90'+8'\"}"));
-    QCOMPARE(finished.value(u"away_scorers").toString(), QString::fromUtf8("{\"Mauricio 73'\"}"));
-    const QJsonObject penalty = games.at(9).toObject(); // game 10, Germany 7-1 Curaçao
-    QVERIFY(
-        penalty.value(u"home_scorers").toString().contains(QString::fromUtf8("\"K. Havertz 45'+5'(p)\"")));
 
     const QJsonObject group = QJsonDocument::fromJson(feed.get(QStringLiteral("/get/groups")).body)
                                   .object()
