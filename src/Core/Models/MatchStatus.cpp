@@ -15,8 +15,3 @@ QString rawValue(MatchStatus status)
 {
     return textForCase(rawValues, status);
 }
-
-std::optional<MatchStatus> matchStatusFromRawValue(const QString &text)
-{
-    return caseForText(rawValues, text);
-}

@@ -8,7 +8,6 @@ enum class MatchStatus { scheduled, inPlay, halfTime, finished };
 
 // The status as it is stored and shown to QML: "scheduled", "in_play", "half_time", "finished".
 QString rawValue(MatchStatus status);
-std::optional<MatchStatus> matchStatusFromRawValue(const QString &text);
 
 constexpr bool isLive(MatchStatus status)
 {
