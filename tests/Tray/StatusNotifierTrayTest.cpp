@@ -212,7 +212,6 @@ void StatusNotifierTrayTest::labelFollowsTitle_data()
     QTest::addColumn<QString>("toolTipTitle");
 
     const QString score = QStringLiteral("🇵🇦 0–2 🏴󠁧󠁢󠁥󠁮󠁧󠁿");
-    const QString later = QStringLiteral("🇵🇦 1–2 🏴󠁧󠁢󠁥󠁮󠁧󠁿");
     // clang-format off
     QTest::newRow("score") << QStringList{score} << QStringList{score} << score;
     QTest::newRow("full time clears it") << QStringList{score, ""} << QStringList{score, ""} << "Pitchlark";
