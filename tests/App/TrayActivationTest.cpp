@@ -42,7 +42,6 @@ private:
     std::unique_ptr<FeedServer> m_feed;
     std::unique_ptr<ModelFixture> m_fixture;
     std::unique_ptr<AppDelegate> m_delegate;
-    QString m_itemService;
     StatusNotifierTrayItem *m_tray = nullptr;
 };
 
@@ -74,7 +73,6 @@ void TrayActivationTest::init()
     m_fixture = std::make_unique<ModelFixture>(QStringLiteral("http://127.0.0.1:%1").arg(m_feed->listen()));
     m_delegate = std::make_unique<AppDelegate>(m_fixture->services([at] { return at; }));
     auto tray = std::make_unique<StatusNotifierTrayItem>();
-    m_itemService = tray->serviceName();
     m_tray = tray.get();
     m_delegate->launch(std::move(tray));
     QTRY_VERIFY(!m_delegate->model().isLoading());
@@ -90,8 +88,9 @@ void TrayActivationTest::cleanup()
 void TrayActivationTest::hostCalls(const QString &method)
 {
     QDBusConnection host = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("host"));
-    QDBusMessage call = QDBusMessage::createMethodCall(m_itemService, QStringLiteral("/StatusNotifierItem"),
-                                                       QStringLiteral("org.kde.StatusNotifierItem"), method);
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(m_tray->serviceName(), QStringLiteral("/StatusNotifierItem"),
+                                       QStringLiteral("org.kde.StatusNotifierItem"), method);
     call << 1400 << 10;
     QVERIFY(host.send(call));
 }
