@@ -10,7 +10,6 @@ class InkThemeTest : public QObject {
 private slots:
     void apply_data();
     void apply();
-    void neutralPaletteIsTheDefault();
 };
 
 namespace {
@@ -74,15 +73,6 @@ void InkThemeTest::apply()
     compareInk(ink.secondary, {hue, saturation * 0.72, 0.40}, "secondary");
     compareInk(ink.tertiary, {hue, saturation * 0.55, 0.54}, "tertiary");
     compareInk(ink.faint, {hue, saturation * 0.42, 0.66}, "faint");
-}
-
-void InkThemeTest::neutralPaletteIsTheDefault()
-{
-    InkTheme theme;
-    QCOMPARE(theme.palette(), InkPalette::neutral());
-    compareInk(theme.palette().accent, {QColor::fromRgbF(0.16f, 0.46f, 1.0f).hsvHueF(), 0.84, 1.0}, "accent");
-    theme.apply(0.5, 0.6);
-    QVERIFY(theme.palette() != InkPalette::neutral());
 }
 
 QTEST_GUILESS_MAIN(InkThemeTest)

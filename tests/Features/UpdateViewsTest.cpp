@@ -32,11 +32,6 @@ QString textOf(QQuickItem *item)
     return item ? item->property("text").toString() : QString();
 }
 
-QString titleOf(QQuickItem *item)
-{
-    return item ? item->property("text").toString() : QString();
-}
-
 } // namespace
 
 // The update toast and the update dialog in every phase, in the program as it starts: the delegate
@@ -164,8 +159,8 @@ void UpdateViewsTest::phases()
     QTRY_COMPARE(dialogShown(), userInitiated);
     QCOMPARE(textOf(item(userInitiated, QStringLiteral("updateTitle"))), texts[0]);
     QCOMPARE(textOf(item(userInitiated, QStringLiteral("updateSubtitle"))), texts[1]);
-    QCOMPARE(titleOf(item(userInitiated, QStringLiteral("updateSecondary"))), buttons[0]);
-    QCOMPARE(titleOf(item(userInitiated, QStringLiteral("updatePrimary"))), buttons[1]);
+    QCOMPARE(textOf(item(userInitiated, QStringLiteral("updateSecondary"))), buttons[0]);
+    QCOMPARE(textOf(item(userInitiated, QStringLiteral("updatePrimary"))), buttons[1]);
     QCOMPARE(item(userInitiated, QStringLiteral("updateSpinner")) != nullptr, spinner);
     QCOMPARE(item(userInitiated, QStringLiteral("updateIcon")) != nullptr, !spinner);
     QQuickItem *bar = item(userInitiated, QStringLiteral("updateProgress"));

@@ -14,8 +14,6 @@ private slots:
     void replayedMatchAlerts_data();
     void replayedMatchAlerts();
     void correctedScoreSaysNothing();
-    void switchedOffThenOnDoesNotReplay();
-    void bannersFollowTheirSwitch();
 
 private:
     // The games the replay service sends at that moment of 11 June (UTC).
@@ -56,40 +54,52 @@ void AlertsTest::init()
 
 void AlertsTest::replayedMatchAlerts_data()
 {
-    QTest::addColumn<QList<QTime>>("fetches");
+    // Each step is a fetch at that time of 11 June (UTC), or one of the alert switches turned on or off.
+    QTest::addColumn<QStringList>("steps");
     QTest::addColumn<bool>("hideScores");
     QTest::addColumn<QStringList>("alertsOfLastFetch");
 
-    const QTime before(18, 50);
-    const QTime afterFirstGoal(19, 12);
-    const QTime afterSecondGoal(20, 35);
-    const QTime whistle(21, 30);
     // clang-format off
-    QTest::newRow("first fetch only seeds") << QList{afterFirstGoal} << false << QStringList();
-    QTest::newRow("kick-off and goal in one fetch") << QList{before, afterFirstGoal} << false
+    QTest::newRow("first fetch only seeds") << QStringList{"19:12"} << false << QStringList();
+    QTest::newRow("kick-off and goal in one fetch") << QStringList{"18:50", "19:12"} << false
         << QStringList{"Kick-off: Mexico vs South Africa is underway.", "Goal!: Mexico 1 – 0 South Africa"};
-    QTest::newRow("nothing new") << QList{afterFirstGoal, afterFirstGoal} << false << QStringList();
-    QTest::newRow("second goal") << QList{afterFirstGoal, afterSecondGoal} << false << QStringList{"Goal!: Mexico 2 – 0 South Africa"};
-    QTest::newRow("straight to full time, no goal alert") << QList{afterFirstGoal, whistle} << false
+    QTest::newRow("nothing new") << QStringList{"19:12", "19:12"} << false << QStringList();
+    QTest::newRow("second goal") << QStringList{"19:12", "20:35"} << false << QStringList{"Goal!: Mexico 2 – 0 South Africa"};
+    QTest::newRow("straight to full time, no goal alert") << QStringList{"19:12", "21:30"} << false
         << QStringList{"Full-time: Mexico 2 – 0 South Africa"};
     // With scores hidden, alerts say what happened but not the score.
-    QTest::newRow("hidden: kick-off and goal") << QList{before, afterFirstGoal} << true
+    QTest::newRow("hidden: kick-off and goal") << QStringList{"18:50", "19:12"} << true
         << QStringList{"Kick-off: Mexico vs South Africa is underway.", "Goal!: A goal in Mexico v South Africa"};
-    QTest::newRow("hidden: full time") << QList{afterFirstGoal, whistle} << true
+    QTest::newRow("hidden: full time") << QStringList{"19:12", "21:30"} << true
         << QStringList{"Full-time: Full time: Mexico v South Africa"};
+    QTest::newRow("switched off") << QStringList{"notificationsEnabled=off", "18:50", "19:12"} << false << QStringList();
+    // What happened while alerts were off is not told once they are back on.
+    QTest::newRow("switched off then on does not replay")
+        << QStringList{"notificationsEnabled=off", "18:50", "19:12", "notificationsEnabled=on", "19:20"} << false
+        << QStringList();
+    QTest::newRow("no kick-off alert, no banners")
+        << QStringList{"inAppBanners=off", "notifyMatchStart=off", "18:50", "19:12"} << false
+        << QStringList{"Goal!: Mexico 1 – 0 South Africa"};
     // clang-format on
 }
 
 void AlertsTest::replayedMatchAlerts()
 {
-    QFETCH(QList<QTime>, fetches);
+    QFETCH(QStringList, steps);
     QFETCH(bool, hideScores);
     m_model->setHideScores(hideScores);
     QStringList alerts;
-    for (const QTime &at : fetches)
-        alerts = applyCollectingAlerts(gamesAt(at.hour(), at.minute()));
+    for (const QString &step : steps) {
+        if (step.contains(u'='))
+            QVERIFY(m_model->alerts().setProperty(step.section(u'=', 0, 0).toLatin1().constData(),
+                                                  step.endsWith(u"on")));
+        else
+            alerts = applyCollectingAlerts(gamesAt(step.left(2).toInt(), step.right(2).toInt()));
+    }
     QTEST(alerts, "alertsOfLastFetch");
-    if (!alerts.isEmpty())
+    if (alerts.isEmpty() || !m_model->alerts().inAppBanners())
+        QVERIFY(!m_model->activeBanner());
+    else
         QCOMPARE(m_model->activeBanner()->title + QStringLiteral(": ") + m_model->activeBanner()->message,
                  alerts.constLast());
 }
@@ -103,25 +113,6 @@ void AlertsTest::correctedScoreSaysNothing()
             game.homeScore = QStringLiteral("1");
     }
     QCOMPARE(applyCollectingAlerts(corrected), QStringList());
-}
-
-void AlertsTest::switchedOffThenOnDoesNotReplay()
-{
-    m_model->alerts().setNotificationsEnabled(false);
-    QCOMPARE(applyCollectingAlerts(gamesAt(18, 50)), QStringList());
-    QCOMPARE(applyCollectingAlerts(gamesAt(19, 12)), QStringList());
-    m_model->alerts().setNotificationsEnabled(true);
-    QCOMPARE(applyCollectingAlerts(gamesAt(19, 20)), QStringList());
-    QVERIFY(!m_model->activeBanner());
-}
-
-void AlertsTest::bannersFollowTheirSwitch()
-{
-    m_model->alerts().setInAppBanners(false);
-    m_model->alerts().setNotifyMatchStart(false);
-    applyCollectingAlerts(gamesAt(18, 50));
-    QCOMPARE(applyCollectingAlerts(gamesAt(19, 12)), QStringList{"Goal!: Mexico 1 – 0 South Africa"});
-    QVERIFY(!m_model->activeBanner());
 }
 
 QTEST_GUILESS_MAIN(AlertsTest)

@@ -22,7 +22,6 @@ private slots:
     void teamSearch_data();
     void teamSearch();
     void teamDetail();
-    void groupLabelFallsBackToTeamRecord();
     void stadiumQueries();
     void addToCalendar_data();
     void addToCalendar();
@@ -254,14 +253,6 @@ void ModelQueriesTest::teamDetail()
     QCOMPARE(unknown.summary.name, QStringLiteral("Team 99"));
     QVERIFY(unknown.summary.code.isEmpty() && unknown.summary.flagURL.isEmpty());
     QVERIFY(!unknown.group && !unknown.standing && unknown.matches.isEmpty());
-}
-
-void ModelQueriesTest::groupLabelFallsBackToTeamRecord()
-{
-    QCOMPARE(m_model->groupLabel(QStringLiteral("1")), std::optional<QString>("Group A"));
-    QCOMPARE(m_model->groupLabel(QStringLiteral("4")), std::nullopt); // empty table name, empty record
-    QCOMPARE(m_model->groupLabel(QStringLiteral("6")), std::optional<QString>("Group C"));
-    QCOMPARE(m_model->groupLabel(QStringLiteral("99")), std::nullopt);
 }
 
 void ModelQueriesTest::stadiumQueries()
