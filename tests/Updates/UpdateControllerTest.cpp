@@ -189,17 +189,17 @@ void UpdateControllerTest::checksFollowTheEngine()
 void UpdateControllerTest::failedStartDisablesChecks()
 {
     auto engine =
-        std::make_unique<ScriptedEngine>(QStringLiteral("Updates are managed by your package manager."));
+        std::make_unique<ScriptedEngine>(QStringLiteral("This build has no key to check updates with."));
     const QPointer<ScriptedEngine> watched = engine.get();
     QTest::ignoreMessage(QtWarningMsg,
-                         "Sparkle failed to start: Updates are managed by your package manager.");
+                         "Sparkle failed to start: This build has no key to check updates with.");
 
     UpdateController controller(std::move(engine));
     controller.checkForUpdates();
 
     QVERIFY2(!watched, "an engine that failed to start is not kept");
     QVERIFY(!controller.canCheckForUpdates());
-    QCOMPARE(controller.unavailableReason(), "Updates are managed by your package manager.");
+    QCOMPARE(controller.unavailableReason(), "This build has no key to check updates with.");
     QCOMPARE(controller.phase(), UpdatePhase::idle());
 }
 

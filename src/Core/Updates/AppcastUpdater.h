@@ -53,6 +53,7 @@ public:
     explicit AppcastUpdater(Options options, QObject *parent = nullptr);
 
     std::optional<QString> start(UpdateUserDriver &driver) override;
+    bool updatedElsewhere() const override { return m_options.appImagePath.isEmpty(); }
     bool canCheckForUpdates() const override;
     void checkForUpdates() override;
 

@@ -27,7 +27,10 @@ UpdateController::UpdateController(std::unique_ptr<UpdateEngine> engine, UpdateD
     : QObject(parent), m_displayTimes(displayTimes)
 {
     if (const auto failure = engine->start(*this)) {
-        qCWarning(lcUpdates).noquote() << "Sparkle failed to start: " + *failure;
+        if (engine->updatedElsewhere())
+            qCInfo(lcUpdates).noquote() << *failure;
+        else
+            qCWarning(lcUpdates).noquote() << "Sparkle failed to start: " + *failure;
         m_unavailableReason = *failure;
         return;
     }
