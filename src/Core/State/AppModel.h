@@ -190,6 +190,8 @@ public:
     DayFacts selectedDayFacts() const { return dayFacts(m_navigation.selectedDate()); }
     std::optional<Match> trayMatch(const QList<Match> &live) const;
     Q_INVOKABLE TeamSummary teamSummary(const QString &teamID) const;
+    // The title over a detail page: the team's or the venue's name, else what the page is.
+    Q_INVOKABLE QString detailTitle(const PanelRoute &route) const;
     Q_INVOKABLE QList<TeamSearchResult> teamSearchResults() const;
     Q_INVOKABLE TeamDetailState teamDetailState(const QString &teamID) const;
     // One team's matches by kick-off.

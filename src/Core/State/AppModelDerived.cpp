@@ -331,6 +331,23 @@ TeamSummary AppModel::teamSummary(const QString &teamID) const
                        team->flagEmoji()};
 }
 
+QString AppModel::detailTitle(const PanelRoute &route) const
+{
+    switch (route.kind) {
+    case PanelRoute::Kind::match:
+        return QStringLiteral("Match");
+    case PanelRoute::Kind::team:
+        return teamSummary(route.id).name;
+    case PanelRoute::Kind::stadium: {
+        const auto stadium = m_stadiumsByID.constFind(route.id);
+        return stadium == m_stadiumsByID.constEnd() ? QStringLiteral("Stadium") : stadium->nameEn;
+    }
+    case PanelRoute::Kind::settings:
+        break;
+    }
+    return QStringLiteral("Settings");
+}
+
 QList<TeamSearchResult> AppModel::teamSearchResults() const
 {
     constexpr qsizetype maximumResults = 20;

@@ -5,17 +5,10 @@ import Pitchlark.Features
 DetailScaffold {
     id: router
 
-    required property var route
+    required property panelRoute route
     property UpdateController updates
 
-    title: {
-        switch (route.kindName) {
-        case "match": return "Match";
-        case "team": return model.teamSummary(route.id).name;
-        case "stadium": return model.allStadiumsSorted.find(stadium => stadium.id === route.id)?.nameEn ?? "Stadium";
-        default: return "Settings";
-        }
-    }
+    title: model.detailTitle(route)
 
     // A router shows one route for its whole life, so its page is built once, with the page's own
     // required properties.
