@@ -124,7 +124,7 @@ void PanelController::show(const QPoint &position)
     m_graceTimer.start();
     m_clicks.setWatching(!pinnedOpen());
     m_shown = true;
-    m_window->setOpacity(0);
+    m_fade->setOpacity(0);
     m_window->show();
     if (SwayPlacement::isRunning()) {
         if (!m_sway)

@@ -74,7 +74,7 @@ void UpdateToastWindowController::show()
     m_shown = true;
     // A toast still fading out is taken back from where its fade has got to.
     if (!m_window->isVisible())
-        m_window->setOpacity(0);
+        m_fade->setOpacity(0);
     m_window->show();
     m_fade->fadeTo(1, fadeInDuration, QEasingCurve::InOutQuad);
     emit shown();

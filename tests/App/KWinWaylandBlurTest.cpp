@@ -1,7 +1,11 @@
 #include "BlurBehind.h"
 #include "KWinBlurCompositor.h"
+#include "WindowFade.h"
 
 #include <QGuiApplication>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
@@ -9,9 +13,10 @@
 
 #include <wayland-client.h>
 
+#include <chrono>
 #include <memory>
 
-// The panel's blur on a KWin session that stays on Wayland, through Qt's wayland platform, against a
+// The panel's blur and fade on a KWin session that stays on Wayland, through Qt's wayland platform, against a
 // compositor in the test that plays KWin's part.
 class KWinWaylandBlurTest : public QObject {
     Q_OBJECT
@@ -46,6 +51,22 @@ private slots:
         QTRY_VERIFY(m_compositor.blurs().back().released);
     }
 
+    // Wayland lets no client set its window's opacity, so a fade there moves the Qt Quick content.
+    void fadeMovesTheContent()
+    {
+        using namespace std::chrono_literals;
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("opacity")));
+        QQuickWindow window;
+        window.resize(388, 600);
+        WindowFade fade(window);
+        fade.setOpacity(0);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCOMPARE(window.contentItem()->opacity(), 0.0);
+        fade.fadeTo(1, 50ms, QEasingCurve::Linear);
+        QTRY_COMPARE(window.contentItem()->opacity(), 1.0);
+    }
+
 private:
     static std::unique_ptr<QWindow> shownWindow()
     {
@@ -76,6 +97,7 @@ int main(int argc, char *argv[])
     qputenv("WAYLAND_DISPLAY", compositor.socketName().toUtf8());
     qputenv("QT_QPA_PLATFORM", "wayland");
     qputenv("QT_WAYLAND_DISABLE_WINDOWDECORATION", "1");
+    qputenv("QT_QUICK_BACKEND", "software");
     QGuiApplication app(argc, argv);
     KWinWaylandBlurTest test(compositor);
     return QTest::qExec(&test, argc, argv);
