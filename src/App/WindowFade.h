@@ -6,7 +6,6 @@
 #include <chrono>
 #include <functional>
 
-class QObject;
 class QWindow;
 
 // Fades a window's opacity. A new fade takes over from wherever the running one has got to, and only a

@@ -3,7 +3,6 @@
 #include "Models/APIStadium.h"
 #include "Models/GroupStanding.h"
 #include "Models/Match.h"
-#include "Models/StandingRow.h"
 #include "Models/TeamSearchResult.h"
 #include "Models/TeamSummary.h"
 #include "RecordListModel.h"
@@ -19,7 +18,6 @@ class ScreenLists : public QObject {
     Q_PROPERTY(RecordListModel *favoriteLive READ favoriteLiveModel CONSTANT)
     Q_PROPERTY(RecordListModel *favoriteComing READ favoriteComingModel CONSTANT)
     Q_PROPERTY(RecordListModel *favoriteResults READ favoriteResultsModel CONSTANT)
-    Q_PROPERTY(RecordListModel *groupTable READ groupTableModel CONSTANT)
     Q_PROPERTY(RecordListModel *groupTables READ groupTablesModel CONSTANT)
     Q_PROPERTY(RecordListModel *teams READ teamsModel CONSTANT)
     Q_PROPERTY(RecordListModel *stadiums READ stadiumsModel CONSTANT)
@@ -41,7 +39,6 @@ public:
     RecordList<Match> favoriteComing{"match", "id", this};
     RecordList<Match> favoriteResults{"match", "id", this};
     // The selected group's table.
-    RecordList<StandingRow> groupTable{"standing", "teamID", this};
     // Every group's table, the followed teams' groups first.
     RecordList<GroupStanding> groupTables{"groupStanding", "group", this};
     // The teams screen's rows: every team by name, or the search results while something is typed.
@@ -73,7 +70,6 @@ private:
     RecordListModel *favoriteLiveModel() { return &favoriteLive; }
     RecordListModel *favoriteComingModel() { return &favoriteComing; }
     RecordListModel *favoriteResultsModel() { return &favoriteResults; }
-    RecordListModel *groupTableModel() { return &groupTable; }
     RecordListModel *groupTablesModel() { return &groupTables; }
     RecordListModel *teamsModel() { return &teams; }
     RecordListModel *stadiumsModel() { return &stadiums; }

@@ -43,11 +43,6 @@ AppModel::AppModel(Services services, QObject *parent)
     connect(&m_menuBar, &MenuBarPreferences::refreshIntervalChanged, this, &AppModel::startPolling);
     // So do the lists and facts that show what the user chose in the panel.
     connect(&m_navigation, &PanelNavigation::selectedDateChanged, this, &AppModel::selectedDayFactsChanged);
-    connect(&m_navigation, &PanelNavigation::selectedGroupChanged, this, [this] {
-        // Another group's table is shown afresh, not morphed from the last one's rows.
-        m_lists.groupTable.replace({});
-        feedGroupTable();
-    });
     connect(&m_navigation, &PanelNavigation::teamSearchTextChanged, this, &AppModel::feedTeamList);
     if (NotificationSender *center = m_notifier.center())
         connect(center, &NotificationSender::activated, this, &AppModel::showMatchFromNotification);

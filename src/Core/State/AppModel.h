@@ -285,7 +285,6 @@ private:
     };
     FavoriteMatchGroups favoriteMatchGroups() const;
     void feedFavoriteLists();
-    void feedGroupTable();
     void feedGroupTables();
     void feedTeamList();
 

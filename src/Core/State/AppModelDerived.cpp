@@ -68,7 +68,6 @@ void AppModel::rebuildGlobalCaches()
     m_lists.liveMatches.update(m_liveMatchesCache);
     m_lists.favoriteTeams.update(m_favoriteTeamsCache);
     feedFavoriteLists();
-    feedGroupTable();
     feedGroupTables();
     feedTeamList();
     m_lists.stadiums.update(allStadiumsSorted());
@@ -112,15 +111,6 @@ void AppModel::feedFavoriteLists()
     m_lists.favoriteLive.update(groups.running);
     m_lists.favoriteComing.update(groups.coming);
     m_lists.favoriteResults.update(groups.results);
-}
-
-void AppModel::feedGroupTable()
-{
-    const auto group = std::find_if(m_standings.cbegin(), m_standings.cend(),
-                                    [&group = m_navigation.selectedGroup()](const GroupStanding &standing) {
-                                        return standing.group == group;
-                                    });
-    m_lists.groupTable.update(group == m_standings.cend() ? QList<StandingRow>() : group->standings);
 }
 
 void AppModel::feedGroupTables()
