@@ -57,12 +57,7 @@ void LoginItemTest::existingEntry()
 {
     QFETCH(QByteArray, entry);
     QFETCH(bool, enabled);
-    QDir().mkpath(QFileInfo(XdgAutostartLoginItem::entryPath()).absolutePath());
-    QFile file(XdgAutostartLoginItem::entryPath());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(entry);
-    file.close();
-
+    QVERIFY(ModelFixture::writeFile(XdgAutostartLoginItem::entryPath(), entry));
     const XdgAutostartLoginItem item(QStringLiteral("/usr/bin/pitchlark"));
     QCOMPARE(item.status(), enabled ? LoginItem::Status::enabled : LoginItem::Status::notRegistered);
 }

@@ -2,6 +2,8 @@
 
 #include "State/AppModel.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -35,6 +37,19 @@ public:
         services.now = std::move(now);
         services.notifications = std::move(notifications);
         return services;
+    }
+
+    // Whole files, for what a test lays out on disk and reads back; a write makes its folders.
+    static bool writeFile(const QString &path, const QByteArray &bytes)
+    {
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    }
+    static QByteArray readFile(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     APIService &api() { return *m_api; }

@@ -1,7 +1,6 @@
 #include "FeedServer.h"
 #include "ModelFixture.h"
 
-#include <QFile>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -22,12 +21,6 @@ private slots:
 private:
     void setFault(const char *endpoint, const QJsonValue &fault, int delayMs = 0);
     void fetch(AppModel &model) { QCoro::waitFor(model.fetchAll()); }
-
-    static QByteArray readFile(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
 
     const QDateTime m_at{QDate(2026, 6, 27), QTime(21, 30), QTimeZone::utc()};
     std::unique_ptr<FeedServer> m_feed;
@@ -127,7 +120,7 @@ void RefreshCycleTest::failures()
     }
     const QDateTime stampBefore = model->lastUpdated();
     const QString gamesCache = *m_fixture->api().cacheURL(APIService::gamesPath);
-    const QByteArray cachedGames = readFile(gamesCache);
+    const QByteArray cachedGames = ModelFixture::readFile(gamesCache);
     for (const QString &fault : faults) {
         const QStringList parts = fault.split(u':');
         setFault(parts.at(0).toLatin1().constData(), parts.at(1));
@@ -141,7 +134,7 @@ void RefreshCycleTest::failures()
     QVERIFY(!model->isLoading());
     if (earlierData) {
         QCOMPARE(model->allMatches().size(), 104);
-        QCOMPARE(readFile(gamesCache), cachedGames);
+        QCOMPARE(ModelFixture::readFile(gamesCache), cachedGames);
     }
 
     // Whatever went wrong, the next cycle runs and brings the tournament.

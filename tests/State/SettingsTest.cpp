@@ -23,24 +23,6 @@ private slots:
     void actionsPersist();
 };
 
-namespace {
-
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
-
 void SettingsTest::storeTypeRules_data()
 {
     QTest::addColumn<QByteArray>("stored");
@@ -69,7 +51,7 @@ void SettingsTest::storeTypeRules()
     QFETCH(QByteArray, stored);
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("settings.json"));
-    writeFile(path, R"({"Key":)" + stored + "}");
+    QVERIFY(ModelFixture::writeFile(path, R"({"Key":)" + stored + "}"));
 
     const SettingsStore store(path);
     const auto optionalToVariant = [](const auto &value) {
@@ -97,20 +79,20 @@ void SettingsTest::corruptFileIsKeptAside()
     QFETCH(QByteArray, corrupt);
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("settings.json"));
-    writeFile(path, corrupt);
+    QVERIFY(ModelFixture::writeFile(path, corrupt));
 
     SettingsStore store(path);
     QVERIFY(!store.stringList(QStringLiteral("FavoriteTeamIDs")));
     // Reading alone changes nothing on disk.
-    QCOMPARE(readFile(path), corrupt);
+    QCOMPARE(ModelFixture::readFile(path), corrupt);
 
     store.set(QStringLiteral("NotifyGoals"), false);
-    QCOMPARE(readFile(path + QStringLiteral(".corrupt")), corrupt);
+    QCOMPARE(ModelFixture::readFile(path + QStringLiteral(".corrupt")), corrupt);
     QCOMPARE(SettingsStore(path).boolean(QStringLiteral("NotifyGoals")), std::optional(false));
 
     // A later write does not move the good file aside again.
     store.set(QStringLiteral("NotifyGoals"), true);
-    QCOMPARE(readFile(path + QStringLiteral(".corrupt")), corrupt);
+    QCOMPARE(ModelFixture::readFile(path + QStringLiteral(".corrupt")), corrupt);
 }
 
 void SettingsTest::leftoverTemporaryFilesAreRemoved()
@@ -120,7 +102,7 @@ void SettingsTest::leftoverTemporaryFilesAreRemoved()
     const QDateTime longAgo = QDateTime::currentDateTimeUtc().addSecs(-3600);
     // A write killed an hour ago, one that may be going on in another process, and a kept-aside file.
     for (const char *name : {"settings.json.Ab12Cd", "settings.json.Xy98Zz", "settings.json.corrupt"}) {
-        writeFile(folder.filePath(QLatin1StringView(name)), "{}");
+        QVERIFY(ModelFixture::writeFile(folder.filePath(QLatin1StringView(name)), "{}"));
         if (qstrcmp(name, "settings.json.Xy98Zz") != 0) {
             QFile file(folder.filePath(QLatin1StringView(name)));
             QVERIFY(file.open(QIODevice::ReadWrite));
@@ -156,7 +138,7 @@ void SettingsTest::modelLoadsWithDefaults()
     QFETCH(QByteArray, settings);
     ModelFixture fixture;
     if (!settings.isEmpty())
-        writeFile(fixture.settingsPath(), settings);
+        QVERIFY(ModelFixture::writeFile(fixture.settingsPath(), settings));
 
     const auto model = fixture.makeModel();
     QTEST(model->menuBar().property("refreshInterval").toInt(), "refreshInterval");
@@ -184,7 +166,8 @@ void SettingsTest::actionsPersist()
         model->menuBar().togglePinnedMatch(QStringLiteral("104"));
     }
     // Each write leaves a complete document behind and no temporary file next to it.
-    const QJsonObject stored = QJsonDocument::fromJson(readFile(fixture.settingsPath())).object();
+    const QJsonObject stored =
+        QJsonDocument::fromJson(ModelFixture::readFile(fixture.settingsPath())).object();
     QCOMPARE(QDir(QFileInfo(fixture.settingsPath()).absolutePath()).entryList(QDir::Files),
              QStringList{"settings.json"});
     // Plain text order, as stored lists are compared by other tools too.
@@ -198,8 +181,9 @@ void SettingsTest::actionsPersist()
     QCOMPARE(restarted->menuBar().displayMode(), TrayDisplayMode::pinned);
 
     restarted->menuBar().togglePinnedMatch(QStringLiteral("104"));
-    QVERIFY(
-        !QJsonDocument::fromJson(readFile(fixture.settingsPath())).object().contains("PinnedLiveMatchID"));
+    QVERIFY(!QJsonDocument::fromJson(ModelFixture::readFile(fixture.settingsPath()))
+                 .object()
+                 .contains("PinnedLiveMatchID"));
 }
 
 QTEST_GUILESS_MAIN(SettingsTest)
