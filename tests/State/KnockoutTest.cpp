@@ -17,12 +17,9 @@ class KnockoutTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void knockoutsAgainstTheRealResults_data();
-    void knockoutsAgainstTheRealResults();
+    void knockoutsAndDaysAgainstTheRealResults_data();
+    void knockoutsAndDaysAgainstTheRealResults();
     void shootOutWinnerOnlyOnceTheNextRoundNamesIt();
-    void daysWithoutMatches_data();
-    void daysWithoutMatches();
-    void placeholdersCannotBeFollowed();
 
 private:
     std::unique_ptr<AppModel> modelAt(const QDateTime &instant);
@@ -75,25 +72,35 @@ std::unique_ptr<AppModel> KnockoutTest::modelAt(const QDateTime &instant)
     return model;
 }
 
-void KnockoutTest::knockoutsAgainstTheRealResults_data()
+void KnockoutTest::knockoutsAndDaysAgainstTheRealResults_data()
 {
     QTest::addColumn<QDateTime>("at");
     QTest::addColumn<int>("finishedKnockouts");
     QTest::addColumn<int>("decidedFirstRoundSides");
     QTest::addColumn<int>("currentRound");
+    QTest::addColumn<QString>("day");
+    QTest::addColumn<QStringList>("dayFacts"); // kind, countdown, previous day, next day, champion
 
+    // The test runs in UTC; the 07-07 late games end before midnight, the next kick-off is on 07-09.
     // clang-format off
-    QTest::newRow("group stage running") << utc("2026-06-20T12:00:00Z") << 0 << 0 << 0;
-    QTest::newRow("group stage over") << utc("2026-06-28T06:00:00Z") << 0 << 32 << 0;
-    QTest::newRow("round of 32, first day done (a shoot-out)") << utc("2026-06-30T00:00:00Z") << 3 << 32 << 0;
-    QTest::newRow("round of 16 over, quarter-finals to come") << utc("2026-07-07T23:30:00Z") << 24 << 32 << 2;
-    QTest::newRow("final in play") << utc("2026-07-19T20:00:00Z") << 31 << 32 << 4;
-    QTest::newRow("tournament over") << utc("2026-07-20T00:00:00Z") << 32 << 32 << 4;
+    QTest::newRow("weeks before the tournament") << utc("2026-06-01T09:00:00Z") << 0 << 0 << 0 << "2026-06-01"
+        << QStringList{"beforeTournament", "Opening match in 10 days", "", "2026-06-11", ""};
+    QTest::newRow("hours before the opening") << utc("2026-06-11T15:30:00Z") << 0 << 0 << 0 << "2026-06-10"
+        << QStringList{"beforeTournament", "Opening match in 3 h 30 min", "", "2026-06-11", ""};
+    QTest::newRow("group stage over") << utc("2026-06-28T06:00:00Z") << 0 << 32 << 0 << "2026-06-28"
+        << QStringList{"matchDay", "", "", "", ""};
+    QTest::newRow("round of 16 over, a rest day") << utc("2026-07-07T23:30:00Z") << 24 << 32 << 2 << "2026-07-08"
+        << QStringList{"restDay", "", "2026-07-07", "2026-07-09", ""};
+    QTest::newRow("final in play") << utc("2026-07-19T20:00:00Z") << 31 << 32 << 4 << "2026-07-19"
+        << QStringList{"matchDay", "", "", "", ""};
+    QTest::newRow("tournament over") << utc("2026-07-20T00:00:00Z") << 32 << 32 << 4 << "2026-07-20"
+        << QStringList{"afterTournament", "", "2026-07-19", "", "Spain"};
     // clang-format on
 }
 
-// The outcomes of the finished knockouts, and the bracket drawn from the feed's links, at each instant.
-void KnockoutTest::knockoutsAgainstTheRealResults()
+// The outcomes of the finished knockouts, the bracket drawn from the feed's links, and what a day
+// without matches says, at each instant.
+void KnockoutTest::knockoutsAndDaysAgainstTheRealResults()
 {
     QFETCH(QDateTime, at);
     QFETCH(int, finishedKnockouts);
@@ -150,8 +157,13 @@ void KnockoutTest::knockoutsAgainstTheRealResults()
     for (const Match &game : bracket.rounds.constFirst().games) {
         for (const QString &teamID : {game.homeTeamID, game.awayTeamID})
             decided += BracketSlot::isDecidedSide(teamID) ? 1 : 0;
-        if (!BracketSlot::isDecidedSide(game.homeTeamID))
+        if (!BracketSlot::isDecidedSide(game.homeTeamID)) {
             QCOMPARE(game.homeTeam, game.homeSlotLabel); // "Winner Group E" until the group is over
+            // A placeholder is no team: it cannot be followed.
+            QVERIFY(!model->canFollow(game.homeTeamID));
+            model->toggleFavorite(game.homeTeamID);
+            QVERIFY(model->favoriteTeamIDs().isEmpty());
+        }
     }
     QCOMPARE(decided, decidedFirstRoundSides);
 
@@ -159,6 +171,16 @@ void KnockoutTest::knockoutsAgainstTheRealResults()
     QList<Match> shuffled = model->allMatches();
     std::shuffle(shuffled.begin(), shuffled.end(), *QRandomGenerator::global());
     QCOMPARE(KnockoutBracket::from(shuffled).rounds, bracket.rounds);
+
+    QFETCH(QString, day);
+    const DayFacts facts = model->dayFacts(day);
+    QTEST(QStringList(
+              {facts.kind, facts.countdown, facts.previousDateKey, facts.nextDateKey, facts.championName}),
+          "dayFacts");
+    if (facts.kind == QLatin1StringView("afterTournament"))
+        QCOMPARE(facts.finalMatch->scorelineDisplay(), QStringLiteral("1 – 0"));
+    if (facts.kind == QLatin1StringView("beforeTournament"))
+        QCOMPARE(facts.openingMatch->homeCode, QStringLiteral("MEX"));
 }
 
 void KnockoutTest::shootOutWinnerOnlyOnceTheNextRoundNamesIt()
@@ -183,60 +205,6 @@ void KnockoutTest::shootOutWinnerOnlyOnceTheNextRoundNamesIt()
     QCOMPARE(shootOut.kickoffDetailLabel(), QStringLiteral("Decided on penalties"));
     QVERIFY(numbered(104)->decidedOnPenalties);
     QVERIFY(!KnockoutBracket::from(matches).championTeamID());
-}
-
-void KnockoutTest::daysWithoutMatches_data()
-{
-    QTest::addColumn<QDateTime>("at");
-    QTest::addColumn<QString>("day");
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("countdown");
-    QTest::addColumn<QString>("previous");
-    QTest::addColumn<QString>("next");
-    QTest::addColumn<QString>("champion");
-
-    // The test runs in UTC; the 07-07 late games end before midnight, the next kick-off is on 07-09.
-    // clang-format off
-    QTest::newRow("before the tournament") << utc("2026-06-01T09:00:00Z") << "2026-06-01" << "beforeTournament" << "Opening match in 10 days" << "" << "2026-06-11" << "";
-    QTest::newRow("hours before the opening") << utc("2026-06-11T15:30:00Z") << "2026-06-10" << "beforeTournament" << "Opening match in 3 h 30 min" << "" << "2026-06-11" << "";
-    QTest::newRow("rest day") << utc("2026-07-08T12:00:00Z") << "2026-07-08" << "restDay" << "" << "2026-07-07" << "2026-07-09" << "";
-    QTest::newRow("match day") << utc("2026-07-08T12:00:00Z") << "2026-07-09" << "matchDay" << "" << "" << "" << "";
-    QTest::newRow("after the final") << utc("2026-07-20T12:00:00Z") << "2026-07-20" << "afterTournament" << "" << "2026-07-19" << "" << "Spain";
-    // clang-format on
-}
-
-void KnockoutTest::daysWithoutMatches()
-{
-    QFETCH(QDateTime, at);
-    QFETCH(QString, day);
-    const auto model = modelAt(at);
-    const DayFacts facts = model->dayFacts(day);
-    QTEST(facts.kind, "kind");
-    QTEST(facts.countdown, "countdown");
-    QTEST(facts.previousDateKey, "previous");
-    QTEST(facts.nextDateKey, "next");
-    QTEST(facts.championName, "champion");
-    if (facts.kind == QLatin1StringView("afterTournament"))
-        QCOMPARE(facts.finalMatch->scorelineDisplay(), QStringLiteral("1 – 0"));
-    if (facts.kind == QLatin1StringView("beforeTournament"))
-        QCOMPARE(facts.openingMatch->homeCode, QStringLiteral("MEX"));
-}
-
-void KnockoutTest::placeholdersCannotBeFollowed()
-{
-    const auto model = modelAt(utc("2026-06-20T12:00:00Z"));
-    const Match final = model->bracket().finalMatch().value();
-    QCOMPARE(final.homeTeamID, QStringLiteral("0"));
-    QVERIFY(!model->canFollow(final.homeTeamID));
-    model->toggleFavorite(final.homeTeamID);
-    QVERIFY(model->favoriteTeamIDs().isEmpty());
-
-    // Standings lead with the followed team's group.
-    const QString brazil = QStringLiteral("9");
-    QCOMPARE(model->teamSummary(brazil).code, QStringLiteral("BRA"));
-    model->toggleFavorite(brazil);
-    QCOMPARE(model->groupsByInterest().mid(0, 2), QStringList({"C", "A"}));
-    QCOMPARE(model->groupsByInterest().size(), 12);
 }
 
 QTEST_GUILESS_MAIN(KnockoutTest)

@@ -2,6 +2,8 @@
 
 #include "State/AppModel.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -9,10 +11,7 @@
 // A model on a throw-away profile: its own settings file and cache folder, talking to baseURL.
 class ModelFixture {
 public:
-    // A short requestDeadline lets a test see a request end at it without waiting a minute.
-    explicit ModelFixture(const QString &baseURL = QStringLiteral("http://127.0.0.1:9"),
-                          std::chrono::milliseconds requestDeadline = APIService::defaultRequestDeadline)
-        : m_requestDeadline(requestDeadline)
+    explicit ModelFixture(const QString &baseURL = QStringLiteral("http://127.0.0.1:9"))
     {
         qputenv("XDG_CONFIG_HOME", m_profile.filePath(QStringLiteral("config")).toUtf8());
         qputenv("XDG_CACHE_HOME", m_profile.filePath(QStringLiteral("cache")).toUtf8());
@@ -32,12 +31,25 @@ public:
     AppModel::Services services(std::function<QDateTime()> now = {},
                                 std::unique_ptr<NotificationSender> notifications = {})
     {
-        m_api = std::make_unique<APIService>(std::chrono::milliseconds(2000), m_requestDeadline);
+        m_api = std::make_unique<APIService>(std::chrono::milliseconds(2000));
         AppModel::Services services;
         services.api = m_api.get();
         services.now = std::move(now);
         services.notifications = std::move(notifications);
         return services;
+    }
+
+    // Whole files, for what a test lays out on disk and reads back; a write makes its folders.
+    static bool writeFile(const QString &path, const QByteArray &bytes)
+    {
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    }
+    static QByteArray readFile(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     APIService &api() { return *m_api; }
@@ -47,7 +59,6 @@ public:
     }
 
 private:
-    std::chrono::milliseconds m_requestDeadline;
     QTemporaryDir m_profile;
     std::unique_ptr<APIService> m_api;
 };

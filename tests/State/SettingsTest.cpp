@@ -15,33 +15,13 @@ class SettingsTest : public QObject {
 private slots:
     void storeTypeRules_data();
     void storeTypeRules();
-    void writesReplaceTheFileWhole();
     void corruptFileIsKeptAside_data();
     void corruptFileIsKeptAside();
     void leftoverTemporaryFilesAreRemoved();
     void modelLoadsWithDefaults_data();
     void modelLoadsWithDefaults();
     void actionsPersist();
-    void glassDragIsWrittenOnceAndItsEndAtOnce();
 };
-
-namespace {
-
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
 
 void SettingsTest::storeTypeRules_data()
 {
@@ -71,7 +51,7 @@ void SettingsTest::storeTypeRules()
     QFETCH(QByteArray, stored);
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("settings.json"));
-    writeFile(path, R"({"Key":)" + stored + "}");
+    QVERIFY(ModelFixture::writeFile(path, R"({"Key":)" + stored + "}"));
 
     const SettingsStore store(path);
     const auto optionalToVariant = [](const auto &value) {
@@ -83,26 +63,6 @@ void SettingsTest::storeTypeRules()
     QTEST(optionalToVariant(store.boolean(QStringLiteral("Key"))), "asBool");
     QTEST(optionalToVariant(store.stringList(QStringLiteral("Key"))), "asList");
     QVERIFY(!store.string(QStringLiteral("Missing")));
-}
-
-void SettingsTest::writesReplaceTheFileWhole()
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("pitchlark/settings.json"));
-    SettingsStore store(path);
-    store.set(QStringLiteral("GlassBlur"), 0.5);
-    store.set(QStringLiteral("FavoriteTeamIDs"), QStringList{"1", "7"});
-    store.set(QStringLiteral("RefreshIntervalSeconds"), qint64(60));
-    store.remove(QStringLiteral("GlassBlur"));
-
-    // Each write leaves a complete document behind and no temporary file next to it.
-    const QJsonObject written = QJsonDocument::fromJson(readFile(path)).object();
-    QCOMPARE(written.keys(), QStringList({"FavoriteTeamIDs", "RefreshIntervalSeconds"}));
-    QCOMPARE(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files), QStringList{"settings.json"});
-
-    const SettingsStore reread(path);
-    QCOMPARE(reread.stringList(QStringLiteral("FavoriteTeamIDs")), std::optional(QStringList{"1", "7"}));
-    QCOMPARE(reread.integer(QStringLiteral("RefreshIntervalSeconds")), std::optional<qint64>(60));
 }
 
 void SettingsTest::corruptFileIsKeptAside_data()
@@ -119,20 +79,20 @@ void SettingsTest::corruptFileIsKeptAside()
     QFETCH(QByteArray, corrupt);
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("settings.json"));
-    writeFile(path, corrupt);
+    QVERIFY(ModelFixture::writeFile(path, corrupt));
 
     SettingsStore store(path);
     QVERIFY(!store.stringList(QStringLiteral("FavoriteTeamIDs")));
     // Reading alone changes nothing on disk.
-    QCOMPARE(readFile(path), corrupt);
+    QCOMPARE(ModelFixture::readFile(path), corrupt);
 
     store.set(QStringLiteral("NotifyGoals"), false);
-    QCOMPARE(readFile(path + QStringLiteral(".corrupt")), corrupt);
+    QCOMPARE(ModelFixture::readFile(path + QStringLiteral(".corrupt")), corrupt);
     QCOMPARE(SettingsStore(path).boolean(QStringLiteral("NotifyGoals")), std::optional(false));
 
     // A later write does not move the good file aside again.
     store.set(QStringLiteral("NotifyGoals"), true);
-    QCOMPARE(readFile(path + QStringLiteral(".corrupt")), corrupt);
+    QCOMPARE(ModelFixture::readFile(path + QStringLiteral(".corrupt")), corrupt);
 }
 
 void SettingsTest::leftoverTemporaryFilesAreRemoved()
@@ -142,7 +102,7 @@ void SettingsTest::leftoverTemporaryFilesAreRemoved()
     const QDateTime longAgo = QDateTime::currentDateTimeUtc().addSecs(-3600);
     // A write killed an hour ago, one that may be going on in another process, and a kept-aside file.
     for (const char *name : {"settings.json.Ab12Cd", "settings.json.Xy98Zz", "settings.json.corrupt"}) {
-        writeFile(folder.filePath(QLatin1StringView(name)), "{}");
+        QVERIFY(ModelFixture::writeFile(folder.filePath(QLatin1StringView(name)), "{}"));
         if (qstrcmp(name, "settings.json.Xy98Zz") != 0) {
             QFile file(folder.filePath(QLatin1StringView(name)));
             QVERIFY(file.open(QIODevice::ReadWrite));
@@ -165,14 +125,10 @@ void SettingsTest::modelLoadsWithDefaults_data()
 
     // clang-format off
     QTest::newRow("fresh install") << QByteArray() << 30 << "auto" << QStringList() << 0.78 << false;
-    QTest::newRow("five minutes") << QByteArray(R"({"RefreshIntervalSeconds":300})") << 300 << "auto" << QStringList() << 0.78 << false;
     QTest::newRow("unknown interval") << QByteArray(R"({"RefreshIntervalSeconds":45})") << 30 << "auto" << QStringList() << 0.78 << false;
-    QTest::newRow("interval as text") << QByteArray(R"({"RefreshIntervalSeconds":"60"})") << 30 << "auto" << QStringList() << 0.78 << false;
     QTest::newRow("mode is case-sensitive") << QByteArray(R"({"TrayDisplayMode":"Pinned"})") << 30 << "auto" << QStringList() << 0.78 << false;
-    QTest::newRow("stored values") << QByteArray(R"({"TrayDisplayMode":"rotate","FavoriteTeamIDs":["9","1"],"GlassBlur":0.3,"NotificationsEnabled":true,"FloatingCards":true})")
-                                   << 30 << "rotate" << QStringList{"1", "9"} << 0.3 << true;
-    QTest::newRow("wrong types") << QByteArray(R"({"FavoriteTeamIDs":"1","GlassBlur":"0.3","NotificationsEnabled":1})")
-                                 << 30 << "auto" << QStringList() << 0.78 << false;
+    QTest::newRow("stored values") << QByteArray(R"({"RefreshIntervalSeconds":300,"TrayDisplayMode":"rotate","FavoriteTeamIDs":["9","1"],"GlassBlur":0.3,"NotificationsEnabled":true,"FloatingCards":true})")
+                                   << 300 << "rotate" << QStringList{"1", "9"} << 0.3 << true;
     QTest::newRow("corrupt file") << QByteArray("{{{") << 30 << "auto" << QStringList() << 0.78 << false;
     // clang-format on
 }
@@ -182,7 +138,7 @@ void SettingsTest::modelLoadsWithDefaults()
     QFETCH(QByteArray, settings);
     ModelFixture fixture;
     if (!settings.isEmpty())
-        writeFile(fixture.settingsPath(), settings);
+        QVERIFY(ModelFixture::writeFile(fixture.settingsPath(), settings));
 
     const auto model = fixture.makeModel();
     QTEST(model->menuBar().property("refreshInterval").toInt(), "refreshInterval");
@@ -208,55 +164,26 @@ void SettingsTest::actionsPersist()
         model->toggleFavorite(QStringLiteral("3"));
         model->toggleFavorite(QStringLiteral("3"));
         model->menuBar().togglePinnedMatch(QStringLiteral("104"));
-        model->menuBar().updateRefreshInterval(RefreshInterval::fifteen);
-        model->alerts().setNotificationsEnabled(true);
-        model->glass().setFloatingCards(true);
     }
-    const QJsonObject stored = QJsonDocument::fromJson(readFile(fixture.settingsPath())).object();
+    // Each write leaves a complete document behind and no temporary file next to it.
+    const QJsonObject stored =
+        QJsonDocument::fromJson(ModelFixture::readFile(fixture.settingsPath())).object();
+    QCOMPARE(QDir(QFileInfo(fixture.settingsPath()).absolutePath()).entryList(QDir::Files),
+             QStringList{"settings.json"});
     // Plain text order, as stored lists are compared by other tools too.
     QCOMPARE(stored.value(QStringLiteral("FavoriteTeamIDs")).toVariant().toStringList(),
              QStringList({"12", "7"}));
-    QCOMPARE(stored.value(QStringLiteral("PinnedLiveMatchID")).toString(), QStringLiteral("104"));
     QCOMPARE(stored.value(QStringLiteral("TrayDisplayMode")).toString(), QStringLiteral("pinned"));
-    QCOMPARE(stored.value(QStringLiteral("RefreshIntervalSeconds")).toInteger(), 15);
-    QCOMPARE(stored.value(QStringLiteral("FloatingCards")).toBool(), true);
 
     const auto restarted = fixture.makeModel();
     QCOMPARE(restarted->favoriteTeamIDs(), QSet<QString>({"7", "12"}));
     QCOMPARE(restarted->menuBar().pinnedLiveMatchID(), std::optional<QString>("104"));
     QCOMPARE(restarted->menuBar().displayMode(), TrayDisplayMode::pinned);
-    QCOMPARE(restarted->menuBar().refreshInterval(), RefreshInterval::fifteen);
-    QVERIFY(restarted->alerts().notificationsEnabled());
-    QVERIFY(!restarted->glass().floatingCards());
 
     restarted->menuBar().togglePinnedMatch(QStringLiteral("104"));
-    QVERIFY(
-        !QJsonDocument::fromJson(readFile(fixture.settingsPath())).object().contains("PinnedLiveMatchID"));
-}
-
-// A drag's moves come faster than the file is written: the burst is written once, a moment later, and
-// the drag's end writes its last value at once. What each control restyles is checked on the screen.
-void SettingsTest::glassDragIsWrittenOnceAndItsEndAtOnce()
-{
-    ModelFixture fixture;
-    QList<std::pair<double, double>> tints;
-    AppModel::Services services = fixture.services();
-    services.applyTint = [&tints](double hue, double strength) { tints.append({hue, strength}); };
-    AppModel model(std::move(services));
-    // The stored tint reaches the inks from the start.
-    QCOMPARE(tints, (QList<std::pair<double, double>>{{0.58, 0.1}}));
-
-    GlassPreferences &glass = model.glass();
-    const auto storedGrain = [&fixture] {
-        return SettingsStore(fixture.settingsPath()).real(QStringLiteral("GlassGrain"));
-    };
-    for (int step = 1; step <= 40; ++step)
-        glass.setGrain(step / 100.0);
-    QCOMPARE(storedGrain(), std::nullopt);
-    QTRY_COMPARE(storedGrain(), std::optional(0.4));
-    glass.setGrain(0.6);
-    glass.save();
-    QCOMPARE(storedGrain(), std::optional(0.6));
+    QVERIFY(!QJsonDocument::fromJson(ModelFixture::readFile(fixture.settingsPath()))
+                 .object()
+                 .contains("PinnedLiveMatchID"));
 }
 
 QTEST_GUILESS_MAIN(SettingsTest)
