@@ -51,7 +51,10 @@ public:
           m_fixture(QStringLiteral("http://127.0.0.1:%1").arg(m_feed.listen()))
     {
         AppModel::Services services = m_fixture.services([this] { return m_now; });
-        services.applyTint = tintTheme;
+        // The glass tint recolours the screens' inks, as in the program.
+        services.applyTint = [](double hue, double strength) {
+            ThemeSingleton::instance()->apply(hue, strength);
+        };
         model = std::make_unique<AppModel>(std::move(services));
         QCoro::waitFor(model->fetchAll());
         m_controller = std::make_unique<PanelController>(*model, engine, updates);
@@ -66,9 +69,6 @@ public:
         engine.addImageProvider(QStringLiteral("glass"), new GlassImageProvider);
     }
 
-    // The glass tint recolours the screens' inks, as in the program.
-    static void tintTheme(double hue, double strength) { ThemeSingleton::instance()->apply(hue, strength); }
-
     QString settingsPath() const { return m_fixture.settingsPath(); }
 
     // Moves the replay and the model's clock to at, then polls as the program's timer would, again if a
@@ -82,7 +82,6 @@ public:
         QCOMPARE(model->lastUpdated(), at);
     }
 
-    // The visible item of that name, searched through the drawn tree (Loaders and Repeaters included).
     QQuickItem *item(const QString &name) const { return findVisibleItem(window->contentItem(), name); }
 
     void click(const QString &name) const

@@ -1,3 +1,4 @@
+#include "Metrics.h"
 #include "PanelHarness.h"
 
 #include <QFile>
@@ -37,7 +38,8 @@ QStringList cardOrder(const Panel &panel)
 
 } // namespace
 
-// The fixtures, standings and match screens, driven with the mouse and keyboard through the window.
+// Every screen of the panel but the settings, and the detail pages, driven with the mouse and keyboard
+// through the window.
 class PanelScreensTest : public QObject {
     Q_OBJECT
 
@@ -47,18 +49,24 @@ private slots:
     void choosingADayChangesTheList();
     void pollUpdatesCardsInPlace();
     void statusLineFollowsPolls();
-    void cardOpensTheMatchAndBackReturns();
-    void starFollowsATeam();
+    void cardPinsAndOpensTheMatch();
     void tabbingScrollsTheFocusIntoView();
-    void pinSwitchesTheMenuBarMode();
     void standingsShowTheGroupInOrderAndOpenTeams();
-    void bracketShowsTheKnockoutTree_data();
-    void bracketShowsTheKnockoutTree();
     void markupInTheFeedShowsAsText();
     void hiddenScoresShowNowhere_data();
     void hiddenScoresShowNowhere();
+    void searchAndFollowFromTheTeamsList();
+    void teamPageShowsItsMatchesAndFiltersFixtures_data();
+    void teamPageShowsItsMatchesAndFiltersFixtures();
+    void unknownIdsSayNotFound_data();
+    void unknownIdsSayNotFound();
 
 private:
+    void start(const QDateTime &at);
+    void showSection(const QString &section);
+    void typeText(const QString &text);
+    QQuickItem *item(const QString &name) const { return m_panel->item(name); }
+
     // One engine for the run, as in the program: flag loads still pending when a panel goes must not
     // outlive the engine that started them.
     QQmlEngine m_engine;
@@ -72,8 +80,7 @@ void PanelScreensTest::initTestCase()
 
 void PanelScreensTest::init()
 {
-    m_panel = std::make_unique<Panel>(Tournament::bundled(), m_engine);
-    QVERIFY(QTest::qWaitForWindowExposed(m_panel->window));
+    start(frozenAt);
     QTRY_VERIFY(m_panel->item(QStringLiteral("dateStrip")));
 }
 
@@ -135,9 +142,17 @@ void PanelScreensTest::statusLineFollowsPolls()
     QCOMPARE(line->property("text").toString(), m_panel->model->statusLine());
 }
 
-void PanelScreensTest::cardOpensTheMatchAndBackReturns()
+// The card's pin sets the tray's mode and clears it again; the card itself opens its match.
+void PanelScreensTest::cardPinsAndOpensTheMatch()
 {
     const Match first = m_panel->model->matches().constFirst();
+    m_panel->click(QStringLiteral("pin-") + first.id);
+    QCOMPARE(m_panel->model->menuBar().pinnedLiveMatchID(), std::optional(first.id));
+    QCOMPARE(m_panel->model->menuBar().displayMode(), TrayDisplayMode::pinned);
+    m_panel->click(QStringLiteral("pin-") + first.id);
+    QCOMPARE(m_panel->model->menuBar().pinnedLiveMatchID(), std::nullopt);
+    QCOMPARE(m_panel->model->menuBar().displayMode(), TrayDisplayMode::automatic);
+
     m_panel->click(QStringLiteral("matchCard-") + first.id);
     QCOMPARE(m_panel->model->navigation().detailStack(), QList<PanelRoute>{PanelRoute::match(first.id)});
     QTRY_VERIFY(m_panel->item(QStringLiteral("scoreline")));
@@ -149,19 +164,8 @@ void PanelScreensTest::cardOpensTheMatchAndBackReturns()
     QVERIFY(m_panel->model->navigation().detailStack().isEmpty());
 }
 
-void PanelScreensTest::starFollowsATeam()
-{
-    const QString teamID = m_panel->model->matches().constFirst().homeTeamID;
-    const QString star = QStringLiteral("follow-") + teamID;
-    m_panel->click(star);
-    QVERIFY(m_panel->model->isFavorite(teamID));
-
-    // The same star from the keyboard.
-    m_panel->item(star)->forceActiveFocus(Qt::TabFocusReason);
-    QTest::keyClick(m_panel->window, Qt::Key_Space);
-    QVERIFY(!m_panel->model->isFavorite(teamID));
-}
-
+// Every list scrolls the item that takes the focus into sight (FadingScrollView); the day's cards stand
+// for them all.
 void PanelScreensTest::tabbingScrollsTheFocusIntoView()
 {
     QQuickItem *last = m_panel->item(QStringLiteral("matchCard-") + m_panel->model->matches().constLast().id);
@@ -171,17 +175,6 @@ void PanelScreensTest::tabbingScrollsTheFocusIntoView()
         QTest::keyClick(m_panel->window, Qt::Key_Tab);
     QCOMPARE(m_panel->window->activeFocusItem(), last);
     QTRY_VERIFY(bottomOf(last) <= m_panel->window->height());
-}
-
-void PanelScreensTest::pinSwitchesTheMenuBarMode()
-{
-    const Match live = m_panel->model->matches().constFirst();
-    m_panel->click(QStringLiteral("pin-") + live.id);
-    QCOMPARE(m_panel->model->menuBar().pinnedLiveMatchID(), std::optional(live.id));
-    QCOMPARE(m_panel->model->menuBar().displayMode(), TrayDisplayMode::pinned);
-    m_panel->click(QStringLiteral("pin-") + live.id);
-    QCOMPARE(m_panel->model->menuBar().pinnedLiveMatchID(), std::nullopt);
-    QCOMPARE(m_panel->model->menuBar().displayMode(), TrayDisplayMode::automatic);
 }
 
 void PanelScreensTest::standingsShowTheGroupInOrderAndOpenTeams()
@@ -209,48 +202,6 @@ void PanelScreensTest::standingsShowTheGroupInOrderAndOpenTeams()
     const QString leader = table.constFirst();
     m_panel->click(QStringLiteral("standing-") + leader);
     QCOMPARE(m_panel->model->navigation().detailStack(), QList<PanelRoute>{PanelRoute::team(leader)});
-}
-
-void PanelScreensTest::bracketShowsTheKnockoutTree_data()
-{
-    QTest::addColumn<QDateTime>("at");
-    QTest::addColumn<QString>("firstHomeSide"); // of the first round's first game in bracket order
-
-    QTest::newRow("group stage running")
-        << QDateTime(QDate(2026, 6, 20), QTime(12, 0), QTimeZone::utc()) << "Winner Group E";
-    QTest::newRow("group stage over")
-        << QDateTime(QDate(2026, 6, 28), QTime(6, 0), QTimeZone::utc()) << "Germany";
-}
-
-void PanelScreensTest::bracketShowsTheKnockoutTree()
-{
-    QFETCH(QDateTime, at);
-    QFETCH(QString, firstHomeSide);
-    m_panel.reset();
-    m_panel = std::make_unique<Panel>(Tournament::bundled(), m_engine, nullptr, at);
-    QVERIFY(QTest::qWaitForWindowExposed(m_panel->window));
-    m_panel->model->navigation().setSection(Section::standings);
-    QTRY_VERIFY(m_panel->item(QStringLiteral("segment-knockout")));
-    m_panel->click(QStringLiteral("segment-knockout"));
-    QTRY_VERIFY(m_panel->item(QStringLiteral("roundPicker")));
-
-    // The round of 32 in bracket order, each side named or waiting for its slot, without a follow star.
-    const QList<Match> firstRound = m_panel->model->bracket().rounds.constFirst().games;
-    QCOMPARE(firstRound.size(), 16);
-    QTRY_COMPARE(
-        shownInOrder(m_panel->window->contentItem(), QStringLiteral("bracketGame-"), matchIDs(firstRound)),
-        matchIDs(firstRound));
-    const Match &first = firstRound.constFirst();
-    QCOMPARE(first.homeTeam, firstHomeSide);
-    QVERIFY(m_panel->item(QStringLiteral("bracketGame-") + first.id)
-                ->property("accessibleName")
-                .toString()
-                .startsWith(first.homeTeam));
-
-    m_panel->click(QStringLiteral("bracketGame-") + first.id);
-    QCOMPARE(m_panel->model->navigation().detailStack(), QList<PanelRoute>{PanelRoute::match(first.id)});
-    QTRY_VERIFY(m_panel->item(QStringLiteral("matchHero")));
-    QCOMPARE(bool(m_panel->item(QStringLiteral("follow-0"))), false);
 }
 
 void PanelScreensTest::markupInTheFeedShowsAsText()
@@ -308,9 +259,7 @@ void PanelScreensTest::hiddenScoresShowNowhere()
 {
     QFETCH(QDateTime, at);
     QFETCH(QString, screen);
-    m_panel.reset();
-    m_panel = std::make_unique<Panel>(Tournament::bundled(), m_engine, nullptr, at);
-    QVERIFY(QTest::qWaitForWindowExposed(m_panel->window));
+    start(at);
     AppModel &model = *m_panel->model;
     model.setHideScores(true);
     const QString id = screen.section(u':', 1);
@@ -346,6 +295,188 @@ void PanelScreensTest::hiddenScoresShowNowhere()
     m_panel->clickWhenSettled(QStringLiteral("hideAgain-") + id);
     QTRY_COMPARE(m_panel->item(QStringLiteral("scoreline"))->property("text").toString(),
                  QStringLiteral("vs"));
+}
+
+void PanelScreensTest::start(const QDateTime &at)
+{
+    m_panel.reset();
+    m_panel = std::make_unique<Panel>(Tournament::bundled(), m_engine, nullptr, at);
+    QVERIFY(QTest::qWaitForWindowExposed(m_panel->window));
+}
+
+void PanelScreensTest::showSection(const QString &section)
+{
+    QTRY_VERIFY(item(QStringLiteral("segment-") + section));
+    m_panel->click(QStringLiteral("segment-") + section);
+    QCOMPARE(m_panel->model->navigation().section(), *sectionFromRawValue(section));
+}
+
+void PanelScreensTest::typeText(const QString &text)
+{
+    // QTest types whole strings only into widgets; a window takes them key by key.
+    for (const QChar character : text)
+        QTest::keyClick(m_panel->window, character.toLatin1());
+}
+
+// Which fields a search matches, and in what order, is the model's (ModelQueriesTest::teamSearch); this is
+// typing, the empty note, the clear button, and the star on a found row.
+void PanelScreensTest::searchAndFollowFromTheTeamsList()
+{
+    showSection(QStringLiteral("favorites"));
+    QTRY_VERIFY(item(QStringLiteral("favoritesEmpty")));
+
+    showSection(QStringLiteral("teams"));
+    const QStringList every = m_panel->model->teamsByID().keys();
+    const auto shownTeams = [&] {
+        return shownInOrder(m_panel->window->contentItem(), QStringLiteral("teamRow-"), every);
+    };
+    QTRY_COMPARE(shownTeams().size(), 48);
+    m_panel->click(QStringLiteral("teamSearch"));
+    typeText(QStringLiteral("zq"));
+    QCOMPARE(m_panel->model->navigation().teamSearchText(), QStringLiteral("zq"));
+    QTRY_VERIFY(shownTeams().isEmpty());
+    QVERIFY(item(QStringLiteral("teamsEmpty")));
+    // The clear button empties the search and brings every team back.
+    m_panel->click(QStringLiteral("clearSearch"));
+    QVERIFY(m_panel->model->navigation().teamSearchText().isEmpty());
+    QTRY_COMPARE(shownTeams().size(), 48);
+    QVERIFY(!item(QStringLiteral("teamsEmpty")));
+
+    m_panel->click(QStringLiteral("teamSearch"));
+    typeText(QStringLiteral("mex"));
+    QTRY_COMPARE(shownTeams(), QStringList{"1"});
+    QCOMPARE(item(QStringLiteral("teamRow-1"))->property("groupLabel").toString(), QStringLiteral("Group A"));
+    QCOMPARE(item(QStringLiteral("followStar-1"))->property("accessibleName").toString(),
+             QStringLiteral("Follow Mexico"));
+    m_panel->click(QStringLiteral("followStar-1"));
+    QVERIFY(m_panel->model->isFavorite(QStringLiteral("1")));
+    // The star takes the click; the row behind it does not open the team.
+    QVERIFY(m_panel->model->navigation().detailStack().isEmpty());
+
+    showSection(QStringLiteral("favorites"));
+    QTRY_VERIFY(item(QStringLiteral("favoriteTeams")));
+    QVERIFY(!item(QStringLiteral("favoritesEmpty")));
+    QVERIFY(findVisibleItem(item(QStringLiteral("favoriteTeams")), QStringLiteral("teamRow-1")));
+    QStringList followedMatches;
+    for (const Match &match : m_panel->model->favoriteMatches())
+        followedMatches.append(match.id);
+    QVERIFY(!followedMatches.isEmpty());
+    QTRY_COMPARE(shownInOrder(m_panel->window->contentItem(), QStringLiteral("matchCard-"),
+                              matchIDs(m_panel->model->allMatches())),
+                 followedMatches);
+
+    // Un-starring from the keyboard takes the team off the list again.
+    item(QStringLiteral("followStar-1"))->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(m_panel->window, Qt::Key_Space);
+    QVERIFY(!m_panel->model->isFavorite(QStringLiteral("1")));
+    QTRY_VERIFY(item(QStringLiteral("favoritesEmpty")));
+    QVERIFY(!item(QStringLiteral("teamRow-1")));
+}
+
+void PanelScreensTest::teamPageShowsItsMatchesAndFiltersFixtures_data()
+{
+    QTest::addColumn<QDateTime>("at");
+    QTest::addColumn<QString>("next");
+    QTest::addColumn<QString>("latest");
+
+    // Mexico opens with match 1 on 11 June and plays its last, 92, on 6 July. Which match is next at
+    // the moments between is the model's (ModelQueriesTest::teamDetail); these are the empty sections.
+    QTest::newRow("before the opener") << frozenAt.addDays(-17) << "1" << QString();
+    QTest::newRow("after the last match") << frozenAt.addDays(23) << QString() << "92";
+}
+
+void PanelScreensTest::teamPageShowsItsMatchesAndFiltersFixtures()
+{
+    QFETCH(QDateTime, at);
+    QFETCH(QString, next);
+    QFETCH(QString, latest);
+
+    start(at);
+    showSection(QStringLiteral("standings"));
+    const QString segment = QStringLiteral("segment-standings");
+    const qreal sectionX = item(segment)->mapToScene({}).x();
+    // Two pages deep: a match, then one of its teams.
+    m_panel->model->navigation().openMatch(QStringLiteral("1"));
+    m_panel->model->navigation().openTeam(QStringLiteral("1"));
+    // Both have slid in once the section page sits two panel widths to the left.
+    QTRY_COMPARE(item(segment)->mapToScene({}).x(), sectionX - 2 * m_panel->window->width());
+    // The match page is still drawn beneath the team's: read the title on the hero's page.
+    QTRY_VERIFY(item(QStringLiteral("teamHero")));
+    QQuickItem *page = item(QStringLiteral("teamHero"));
+    while (!findVisibleItem(page, QStringLiteral("detailTitle")))
+        page = page->parentItem();
+    QCOMPARE(findVisibleItem(page, QStringLiteral("detailTitle"))->property("text").toString(),
+             QStringLiteral("Mexico"));
+
+    const QStringList ids = matchIDs(m_panel->model->allMatches());
+    QQuickItem *nextSection = item(QStringLiteral("nextMatch"));
+    QCOMPARE(nextSection ? shownInOrder(nextSection, QStringLiteral("matchCard-"), ids) : QStringList(),
+             next.isEmpty() ? QStringList() : QStringList{next});
+    QQuickItem *latestSection = item(QStringLiteral("latestResult"));
+    QCOMPARE(latestSection ? shownInOrder(latestSection, QStringLiteral("matchCard-"), ids) : QStringList(),
+             latest.isEmpty() ? QStringList() : QStringList{latest});
+
+    // Mexico's row, and only it, is picked out in its group's table.
+    QQuickItem *table = item(QStringLiteral("teamGroupTable"));
+    QVERIFY(table);
+    for (const QString &teamID : {QStringLiteral("1"), QStringLiteral("2")}) {
+        QQuickItem *row = findVisibleItem(table, QStringLiteral("standing-") + teamID);
+        QVERIFY2(row, qPrintable(teamID));
+        QCOMPARE(row->property("highlighted").toBool(), teamID == u'1');
+    }
+
+    QTRY_VERIFY(item(QStringLiteral("showFixtures")));
+    m_panel->click(QStringLiteral("showFixtures"));
+    QCOMPARE(m_panel->model->navigation().selectedTeamFilterID(), std::optional(QStringLiteral("1")));
+    QCOMPARE(m_panel->model->navigation().section(), Section::fixtures);
+    QVERIFY(m_panel->model->navigation().detailStack().isEmpty());
+
+    QStringList mexico;
+    for (const Match &match : m_panel->model->allMatches()) {
+        if (match.homeTeamID == u'1' || match.awayTeamID == u'1')
+            mexico.append(match.id);
+    }
+    // Its matches on every day, not only the selected one.
+    QVERIFY(mexico.size() >= 3);
+    QTRY_VERIFY(item(QStringLiteral("clearTeamFilter")));
+    QStringList listed = shownInOrder(m_panel->window->contentItem(), QStringLiteral("matchCard-"), ids);
+    listed.sort();
+    mexico.sort();
+    QCOMPARE(listed, mexico);
+    // Back on the section page, which has slid into place.
+    QTRY_COMPARE(item(QStringLiteral("dateStrip"))->mapToScene({}).x(), qreal(Metrics::gutter));
+}
+
+void PanelScreensTest::unknownIdsSayNotFound_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("id");
+    QTest::addColumn<QString>("note");
+    QTest::addColumn<QString>("title");
+
+    // clang-format off
+    QTest::newRow("team, not a number") << "team" << "<b>x</b>" << "teamNotFound" << "Team <b>x</b>";
+    QTest::newRow("stadium, empty") << "stadium" << "" << "stadiumNotFound" << "Stadium";
+    QTest::newRow("match") << "match" << "999" << "matchNotFound" << "Match";
+    // clang-format on
+}
+
+void PanelScreensTest::unknownIdsSayNotFound()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, id);
+    QFETCH(QString, note);
+    QFETCH(QString, title);
+
+    m_panel->model->navigation().open(kind == u"team"    ? PanelRoute::team(id)
+                                      : kind == u"match" ? PanelRoute::match(id)
+                                                         : PanelRoute::stadium(id));
+    QTRY_VERIFY(item(note));
+    QCOMPARE(item(QStringLiteral("detailTitle"))->property("text").toString(), title);
+    QVERIFY(!item(QStringLiteral("teamHero")));
+    QVERIFY(!item(QStringLiteral("stadiumHero")));
+    QVERIFY(!item(QStringLiteral("matchHero")));
+    QVERIFY(!item(QStringLiteral("showFixtures")));
 }
 
 QTEST_MAIN(PanelScreensTest)
