@@ -2,7 +2,6 @@
 #include "Models/APIResponses.h"
 
 #include <QElapsedTimer>
-#include <QEventLoop>
 #include <QFile>
 #include <QHttpServer>
 #include <QHttpServerRequest>
@@ -12,28 +11,25 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
 #include "FetchAndWait.h"
-#include <QTimeZone>
 
 #include <QCoro/QCoroTask>
 
 // The client against real servers on 127.0.0.1: a QHttpServer for answers the service can give, and a bare
-// QTcpServer for what only a broken peer does (never answering, hanging up, announcing a huge body).
+// QTcpServer for what only a broken peer does (never answering, announcing a huge body). A peer that
+// hangs up or drips its answer is the replay service's "close" and "drip" faults in RefreshCycleTest.
 class APIServiceTest : public QObject {
     Q_OBJECT
 
 private slots:
     void init();
     void cleanup();
-    void requestIsPlainJsonGet();
     void answers_data();
     void answers();
     void failedFetchKeepsLastGoodBodyByteForByte();
     void transportFailures_data();
     void transportFailures();
-    void cacheTimestampIsNewestFile();
     void baseURL_data();
     void baseURL();
 
@@ -59,7 +55,7 @@ const QByteArray goodGames = R"({"games":[{"id":"1","home_team_id":"1","away_tea
 // A peer that accepts one connection and then misbehaves in one way.
 class MisbehavingPeer : public QTcpServer {
 public:
-    enum class Behaviour { neverAnswer, hangUp, announceHugeBody, drip };
+    enum class Behaviour { neverAnswer, announceHugeBody };
 
     explicit MisbehavingPeer(Behaviour behaviour) : m_behaviour(behaviour)
     {
@@ -74,26 +70,9 @@ private:
     void respond(QTcpSocket *socket)
     {
         socket->readAll();
-        switch (m_behaviour) {
-        case Behaviour::neverAnswer:
-            break;
-        case Behaviour::hangUp:
-            socket->disconnectFromHost();
-            break;
-        case Behaviour::announceHugeBody:
+        if (m_behaviour == Behaviour::announceHugeBody)
             socket->write(
                 "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: 40000000\r\n\r\n[");
-            break;
-        case Behaviour::drip: {
-            // One byte at a time, each well within the stall time-out.
-            socket->write(
-                "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: 1000\r\n\r\n");
-            auto *timer = new QTimer(socket);
-            connect(timer, &QTimer::timeout, socket, [socket] { socket->write(" "); });
-            timer->start(100);
-            break;
-        }
-        }
     }
 
     Behaviour m_behaviour;
@@ -140,14 +119,6 @@ QByteArray APIServiceTest::readFile(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-void APIServiceTest::requestIsPlainJsonGet()
-{
-    serve(200, goodGames);
-    QVERIFY(fetchAndWait<APIGamesResponse>(*m_service, APIService::gamesPath));
-    QCOMPARE(m_methods, QList{QHttpServerRequest::Method::Get});
-    QCOMPARE(m_acceptHeaders, QList<QByteArray>{"application/json"});
-}
-
 void APIServiceTest::answers_data()
 {
     QTest::addColumn<int>("status");
@@ -159,9 +130,7 @@ void APIServiceTest::answers_data()
     QTest::newRow("200 envelope") << 200 << goodGames << QString() << false;
     QTest::newRow("201 counts as success") << 201 << goodGames << QString() << false;
     QTest::newRow("204 no content") << 204 << QByteArray() << QString() << true;
-    QTest::newRow("200 HTML") << 200 << QByteArray("<html>maintenance</html>") << QString() << true;
     QTest::newRow("200 wrong shape") << 200 << QByteArray(R"({"games":null})") << QString() << true;
-    QTest::newRow("401") << 401 << goodGames << "The API rejected the request." << false;
     QTest::newRow("429") << 429 << goodGames << "Rate limited — retrying soon." << false;
     QTest::newRow("503") << 503 << QByteArray() << "Server error 503." << false;
     // clang-format on
@@ -176,6 +145,8 @@ void APIServiceTest::answers()
 
     serve(status, body);
     const auto result = fetchAndWait<APIGamesResponse>(*m_service, APIService::gamesPath);
+    QCOMPARE(m_methods, QList{QHttpServerRequest::Method::Get});
+    QCOMPARE(m_acceptHeaders, QList<QByteArray>{"application/json"});
     const bool succeeds = appError.isEmpty() && !decodeError;
     QCOMPARE(result.ok(), succeeds);
     // Only a body that decoded is kept, exactly as it was sent.
@@ -228,17 +199,14 @@ void APIServiceTest::transportFailures_data()
 
     // clang-format off
     QTest::newRow("time-out") << MisbehavingPeer::Behaviour::neverAnswer << QNetworkReply::OperationCanceledError;
-    QTest::newRow("hang-up") << MisbehavingPeer::Behaviour::hangUp << QNetworkReply::RemoteHostClosedError;
     QTest::newRow("over 32 MiB") << MisbehavingPeer::Behaviour::announceHugeBody
                                  << QNetworkReply::OperationCanceledError;
-    QTest::newRow("drip past the deadline") << MisbehavingPeer::Behaviour::drip << QNetworkReply::TimeoutError;
     // clang-format on
 }
 
 void APIServiceTest::transportFailures()
 {
     QFETCH(MisbehavingPeer::Behaviour, behaviour);
-    QFETCH(QNetworkReply::NetworkError, expected);
 
     MisbehavingPeer peer(behaviour);
     QVERIFY(peer.isListening());
@@ -251,31 +219,9 @@ void APIServiceTest::transportFailures()
     const auto result = fetchAndWait<APIGamesResponse>(service, APIService::gamesPath);
     QVERIFY(!result);
     QVERIFY(result.error().transportError());
-    QCOMPARE(result.error().transportError()->code, expected);
+    QTEST(result.error().transportError()->code, "expected");
     QVERIFY(!QFile::exists(*service.cacheURL(APIService::gamesPath)));
     QVERIFY(elapsed.elapsed() < 3000);
-}
-
-void APIServiceTest::cacheTimestampIsNewestFile()
-{
-    QCOMPARE(m_service->cacheTimestamp(), std::nullopt);
-
-    const auto writeWithTime = [this](const QString &path, const QDateTime &modified) {
-        QFile file(cacheFile(path));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("[]");
-        file.flush();
-        QVERIFY(file.setFileTime(modified, QFileDevice::FileModificationTime));
-    };
-    const QDateTime june(QDate(2026, 6, 11), QTime(19, 0), QTimeZone::utc());
-    writeWithTime(APIService::teamsPath, june);
-    QCOMPARE(m_service->cacheTimestamp(), std::optional(june));
-
-    writeWithTime(APIService::groupsPath, june.addDays(-1));
-    writeWithTime(APIService::stadiumsPath, june.addSecs(90));
-    QCOMPARE(m_service->cacheTimestamp(), std::optional(june.addSecs(90)));
-    QVERIFY(cacheFile(APIService::stadiumsPath)
-                .endsWith(QStringLiteral("/com.pitchlark.tidewell/api/get_stadiums.json")));
 }
 
 void APIServiceTest::baseURL_data()
@@ -290,10 +236,7 @@ void APIServiceTest::baseURL_data()
     QTest::newRow("config file") << unset << QVariant("http://127.0.0.1:8080") << "http://127.0.0.1:8080/get/teams";
     QTest::newRow("environment wins") << QVariant("http://localhost:9000") << QVariant("http://127.0.0.1:8080")
                                       << "http://localhost:9000/get/teams";
-    QTest::newRow("trailing slash sent as is") << QVariant("http://localhost:9000/") << unset
-                                               << "http://localhost:9000//get/teams";
     QTest::newRow("empty environment") << QVariant("") << QVariant("http://127.0.0.1:8080") << QString();
-    QTest::newRow("not a URL") << QVariant("http://exa mple.com") << unset << QString();
     QTest::newRow("no scheme") << unset << QVariant("worldcup26.ir") << QString();
     // clang-format on
 }

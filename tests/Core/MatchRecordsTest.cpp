@@ -3,7 +3,7 @@
 
 #include <QTest>
 
-// The texts every screen and the tray label show, and the date and flag helpers behind them.
+// The texts every screen and the tray label show, and the date helpers behind them.
 class MatchRecordsTest : public QObject {
     Q_OBJECT
 
@@ -12,10 +12,6 @@ private slots:
     void statusTexts();
     void scoreTexts_data();
     void scoreTexts();
-    void roundAndVenue_data();
-    void roundAndVenue();
-    void flagEmoji_data();
-    void flagEmoji();
     void parseMatchDate_data();
     void parseMatchDate();
     void formattersUseTheirZoneInEnglish_data();
@@ -57,29 +53,23 @@ void MatchRecordsTest::statusTexts_data()
     shootOut.homeTeamID = QStringLiteral("9");
     shootOut.awayTeamID = QStringLiteral("12");
     shootOut.awayTeam = QStringLiteral("Paraguay");
-    Match shootOutWon = shootOut;
-    shootOutWon.winnerTeamID = QStringLiteral("12");
+    shootOut.winnerTeamID = QStringLiteral("12");
 
     // clang-format off
     QTest::newRow("scheduled") << matchWith(MatchStatus::scheduled) << "19:00" << "Kickoff 19:00";
     QTest::newRow("clock wins over minute") << clock << "45'+2'" << "45'+2' elapsed";
     QTest::newRow("minute only") << minuteOnly << "45'" << "45' elapsed";
     QTest::newRow("live with nothing") << matchWith(MatchStatus::inPlay) << "LIVE" << "Live now";
-    QTest::newRow("half time") << matchWith(MatchStatus::halfTime, 1, 1) << "HT" << "Half-time";
-    QTest::newRow("finished") << matchWith(MatchStatus::finished, 2, 1) << "FT" << "Full-time";
     QTest::newRow("after extra time") << extraTime << "AET" << "After extra time";
-    QTest::newRow("shoot-out, winner not known yet") << shootOut << "Pens" << "Decided on penalties";
-    QTest::newRow("shoot-out won") << shootOutWon << "Pens" << "Paraguay win on penalties";
+    QTest::newRow("shoot-out won") << shootOut << "Pens" << "Paraguay win on penalties";
     // clang-format on
 }
 
 void MatchRecordsTest::statusTexts()
 {
     QFETCH(Match, match);
-    QFETCH(QString, compact);
-    QFETCH(QString, detail);
-    QCOMPARE(match.compactStatusLabel(), compact);
-    QCOMPARE(match.kickoffDetailLabel(), detail);
+    QTEST(match.compactStatusLabel(), "compact");
+    QTEST(match.kickoffDetailLabel(), "detail");
 }
 
 void MatchRecordsTest::scoreTexts_data()
@@ -107,66 +97,10 @@ void MatchRecordsTest::scoreTexts_data()
 void MatchRecordsTest::scoreTexts()
 {
     QFETCH(Match, match);
-    QFETCH(QString, scoreline);
-    QFETCH(QString, home);
-    QFETCH(QString, away);
-    QFETCH(QString, tray);
-    QCOMPARE(match.scorelineDisplay(), scoreline);
-    QCOMPARE(match.displayHomeScore(), home);
-    QCOMPARE(match.displayAwayScore(), away);
-    QCOMPARE(match.trayMenuBarTitle(), tray);
-}
-
-void MatchRecordsTest::roundAndVenue_data()
-{
-    QTest::addColumn<QString>("round");
-    QTest::addColumn<QString>("group");
-    QTest::addColumn<QString>("city");
-    QTest::addColumn<QString>("roundLabel");
-    QTest::addColumn<QString>("venueLine");
-
-    // clang-format off
-    QTest::newRow("group stage") << "GROUP" << "C" << "Toronto" << "Group C" << "BMO Field · Toronto";
-    QTest::newRow("knockout") << "R32" << "" << "" << "R32" << "BMO Field";
-    QTest::newRow("case-sensitive round") << "group" << "C" << "" << "group · Group C" << "BMO Field";
-    // clang-format on
-}
-
-void MatchRecordsTest::roundAndVenue()
-{
-    QFETCH(QString, round);
-    QFETCH(QString, group);
-    QFETCH(QString, city);
-    Match match;
-    match.round = round;
-    match.groupName = group;
-    match.stadium = QStringLiteral("BMO Field");
-    match.city = city;
-    QTEST(match.roundLabel(), "roundLabel");
-    QTEST(match.venueLine(), "venueLine");
-}
-
-void MatchRecordsTest::flagEmoji_data()
-{
-    QTest::addColumn<QString>("code");
-    QTest::addColumn<QString>("flag");
-
-    // clang-format off
-    QTest::newRow("upper case") << "MX" << "🇲🇽";
-    QTest::newRow("lower case with spaces") << " za \n" << "🇿🇦";
-    QTest::newRow("three letters") << "ENG" << "";
-    QTest::newRow("letter and digit") << "A1" << "";
-    QTest::newRow("empty") << "" << "";
-    QTest::newRow("one letter") << "m" << "";
-    QTest::newRow("combining mark stays two characters") << "E\u0301S" << "🇪🇸";
-    QTest::newRow("non-Latin letters") << "ЖЖ" << "";
-    // clang-format on
-}
-
-void MatchRecordsTest::flagEmoji()
-{
-    QFETCH(QString, code);
-    QTEST(::flagEmoji(code), "flag");
+    QTEST(match.scorelineDisplay(), "scoreline");
+    QTEST(match.displayHomeScore(), "home");
+    QTEST(match.displayAwayScore(), "away");
+    QTEST(match.trayMenuBarTitle(), "tray");
 }
 
 void MatchRecordsTest::parseMatchDate_data()
@@ -179,16 +113,10 @@ void MatchRecordsTest::parseMatchDate_data()
         return QDateTime(QDate(2026, month, day), QTime(hour, minute), QTimeZone::utc());
     };
     // clang-format off
-    QTest::newRow("Azteca opening") << "06/11/2026 13:00" << QByteArray("America/Mexico_City") << utc(6, 11, 19, 0);
-    QTest::newRow("Eastern daylight") << "07/19/2026 15:00" << QByteArray("America/New_York") << utc(7, 19, 19, 0);
     QTest::newRow("Pacific across midnight") << "06/12/2026 18:00" << QByteArray("America/Los_Angeles")
                                              << utc(6, 13, 1, 0);
     QTest::newRow("day first") << "13/06/2026 13:00" << QByteArray("UTC") << QDateTime();
-    QTest::newRow("no time") << "06/11/2026" << QByteArray("UTC") << QDateTime();
     QTest::newRow("trailing text") << "06/11/2026 13:00Z" << QByteArray("UTC") << QDateTime();
-    QTest::newRow("bad hour") << "06/11/2026 25:00" << QByteArray("UTC") << QDateTime();
-    QTest::newRow("two-digit year") << "06/11/26 13:00" << QByteArray("UTC") << QDateTime();
-    QTest::newRow("empty") << "" << QByteArray("UTC") << QDateTime();
     // clang-format on
 }
 
@@ -211,7 +139,6 @@ void MatchRecordsTest::formattersUseTheirZoneInEnglish_data()
     QTest::addColumn<QString>("dated");
 
     // clang-format off
-    QTest::newRow("Berlin") << QByteArray("Europe/Berlin") << "2026-06-11" << "Thu, Jun 11 · 21:00" << "Thu 11 Jun · 21:00";
     QTest::newRow("Tokyo, next day") << QByteArray("Asia/Tokyo") << "2026-06-12" << "Fri, Jun 12 · 04:00" << "Fri 12 Jun · 04:00";
     // clang-format on
 }

@@ -3,17 +3,29 @@
 #include "Networking/APIService.h"
 #include "State/PlainFeedText.h"
 
-#include <QFile>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace Normalization;
 
-// Feed text to the program's own records: statuses, scores, clocks, scorers, names, codes, venue zones
-// and tables; then the whole real tournament from the service's seed export.
+// Feed bodies to the program's own records. Decoding must never lose a record over a badly typed scalar,
+// and must fail only on a body of the wrong shape: the live service changes types between strings,
+// numbers and booleans without notice. Then statuses, scores, clocks, scorers, names, codes, venue zones
+// and tables. The real tournament goes the same way in FeedTruthTest.
 class NormalizationTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void lossyText_data();
+    void lossyText();
+    void envelopeShapes_data();
+    void envelopeShapes();
+    void defaultsAndMixedScalarTypes();
+    void missingIdentityIsFreshEachTime();
+    void stadiumCapacity_data();
+    void stadiumCapacity();
+    void groupKeyAndTable_data();
+    void groupKeyAndTable();
     void status_data();
     void status();
     void liveFields_data();
@@ -27,20 +39,11 @@ private slots:
     void knownTeamFillsMatch();
     void kickoffShownInUserZone();
     void standingOrder();
-    void seedTournament();
     void plainText_data();
     void plainText();
 };
 
 namespace {
-
-QByteArray readFixture(const QString &name)
-{
-    QFile file(QStringLiteral(PITCHLARK_TEST_DATA "/service-seed/") + name);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("missing fixture %s", qPrintable(name));
-    return file.readAll();
-}
 
 APIGame gameWith(const QString &finished, const QString &elapsed)
 {
@@ -51,6 +54,158 @@ APIGame gameWith(const QString &finished, const QString &elapsed)
 }
 
 } // namespace
+
+void NormalizationTest::lossyText_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QVariant>("expected"); // null QVariant: no text
+
+    // clang-format off
+    QTest::newRow("empty string is present") << QByteArray(R"("")") << QVariant(QString(""));
+    QTest::newRow("negative zero") << QByteArray("-0.0") << QVariant(QStringLiteral("0"));
+    QTest::newRow("shortest round trip") << QByteArray("0.1") << QVariant(QStringLiteral("0.1"));
+    QTest::newRow("beyond 64 bits") << QByteArray("1e20") << QVariant(QStringLiteral("1e+20"));
+    QTest::newRow("exact 64-bit integer")
+        << QByteArray("9007199254740993") << QVariant(QStringLiteral("9007199254740993"));
+    QTest::newRow("null") << QByteArray("null") << QVariant();
+    // clang-format on
+}
+
+void NormalizationTest::lossyText()
+{
+    QFETCH(QByteArray, json);
+    QFETCH(QVariant, expected);
+
+    const QJsonObject object = QJsonDocument::fromJson(R"({"key":)" + json + "}").object();
+    const auto text = FeedDecoding::lossyString(object, QLatin1StringView("key"));
+    QCOMPARE(text.has_value(), expected.isValid());
+    if (text)
+        QCOMPARE(*text, expected.toString());
+    QVERIFY(!FeedDecoding::lossyString(object, QLatin1StringView("absent")));
+}
+
+void NormalizationTest::envelopeShapes_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<int>("expectedCount"); // -1: the decode fails
+
+    // A null envelope, a cut-off body and an empty one are met in APIServiceTest and FeedFaultsTest.
+    // clang-format off
+    QTest::newRow("empty envelope") << QByteArray(R"({"games":[]})") << 0;
+    QTest::newRow("extra keys") << QByteArray(R"({"ok":true,"games":[{"id":"1","_id":"x"}]})") << 1;
+    QTest::newRow("bare array") << QByteArray(R"([{"id":"1"}])") << 1;
+    QTest::newRow("envelope key missing") << QByteArray(R"({"teams":[]})") << -1;
+    QTest::newRow("non-object element in envelope") << QByteArray(R"({"games":[{"id":"1"},2]})") << -1;
+    // clang-format on
+}
+
+void NormalizationTest::envelopeShapes()
+{
+    QFETCH(QByteArray, body);
+    QFETCH(int, expectedCount);
+
+    const auto decoded = APIGamesResponse::decode(body);
+    QCOMPARE(decoded.ok(), expectedCount >= 0);
+    if (decoded)
+        QCOMPARE(decoded->games.size(), expectedCount);
+    else
+        QVERIFY(!decoded.error().message.isEmpty());
+}
+
+void NormalizationTest::defaultsAndMixedScalarTypes()
+{
+    const auto decoded =
+        APIGamesResponse::decode(R"([{}, {"id":7,"home_score":2,"finished":true,"away_score":null,)"
+                                 R"("home_team_label":"","group":["A"]}])");
+    QVERIFY(decoded);
+    // An empty record is kept, and its defaults read as an unplayed game between unknown teams.
+    const APIGame &bare = decoded->games.constFirst();
+    QCOMPARE(bare.homeTeamID, QStringLiteral("0"));
+    QCOMPARE(bare.homeScorers, QStringLiteral("null"));
+    QCOMPARE(bare.timeElapsed, QStringLiteral("notstarted"));
+    QVERIFY(!bare.homeTeamNameEn && !bare.homeTeamLabel);
+
+    const APIGame &game = decoded->games.constLast();
+    QCOMPARE(game.id, QStringLiteral("7"));
+    QCOMPARE(game.homeScore, QStringLiteral("2"));
+    QCOMPARE(game.finished, QStringLiteral("true"));
+    QCOMPARE(game.awayScore, QStringLiteral("0"));
+    QCOMPARE(game.homeTeamLabel, std::optional<QString>(QString("")));
+    QCOMPARE(game.group, QString());
+}
+
+void NormalizationTest::missingIdentityIsFreshEachTime()
+{
+    const QByteArray body = R"({"teams":[{"name_en":"Mexico"}]})";
+    const QString first = APITeamsResponse::decode(body)->teams.constFirst().id;
+    const QString second = APITeamsResponse::decode(body)->teams.constFirst().id;
+    QVERIFY(first != second);
+    static const QRegularExpression canonicalUpperCaseUuid(
+        QStringLiteral("^[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}$"));
+    QVERIFY2(canonicalUpperCaseUuid.match(first).hasMatch(), qPrintable(first));
+}
+
+void NormalizationTest::stadiumCapacity_data()
+{
+    QTest::addColumn<QByteArray>("capacity");
+    QTest::addColumn<QVariant>("expected"); // null QVariant: no capacity
+
+    // clang-format off
+    QTest::newRow("number") << QByteArray("48000") << QVariant(qint64(48000));
+    QTest::newRow("signed text") << QByteArray(R"("+12")") << QVariant(qint64(12));
+    QTest::newRow("grouping comma") << QByteArray(R"("65,000")") << QVariant();
+    QTest::newRow("fraction") << QByteArray("65000.5") << QVariant();
+    QTest::newRow("largest") << QByteArray(R"("9223372036854775807")")
+                             << QVariant(std::numeric_limits<qint64>::max());
+    QTest::newRow("overflow") << QByteArray(R"("9223372036854775808")") << QVariant();
+    QTest::newRow("Arabic-Indic digits") << QByteArray(R"("٤٥")") << QVariant();
+    // clang-format on
+}
+
+void NormalizationTest::stadiumCapacity()
+{
+    QFETCH(QByteArray, capacity);
+
+    const auto decoded =
+        APIStadiumsResponse::decode(R"({"stadiums":[{"id":"1","capacity":)" + capacity + "}]}");
+    QVERIFY(decoded);
+    const APIStadium &stadium = decoded->stadiums.constFirst();
+    QTEST(stadium.capacityValue(), "expected");
+    QCOMPARE(stadium.nameEn, QStringLiteral("Venue TBD"));
+}
+
+void NormalizationTest::groupKeyAndTable_data()
+{
+    QTest::addColumn<QByteArray>("group");
+    QTest::addColumn<QString>("expectedLetter");
+    QTest::addColumn<int>("expectedRows");
+
+    const QByteArray row = R"({"team_id":"1","pts":3})";
+    // clang-format off
+    QTest::newRow("live service key") << QByteArray(R"({"name":"A","teams":[)" + row + "]}") << "A" << 1;
+    QTest::newRow("seed key wins") << QByteArray(R"({"group":"B","name":"A"})") << "B" << 0;
+    QTest::newRow("one bad row empties the table")
+        << QByteArray(R"({"group":"C","teams":[)" + row + ",5]}") << "C" << 0;
+    // clang-format on
+}
+
+void NormalizationTest::groupKeyAndTable()
+{
+    QFETCH(QByteArray, group);
+    QFETCH(int, expectedRows);
+
+    const auto decoded = APIGroupsResponse::decode(R"({"groups":[)" + group + "]}");
+    QVERIFY(decoded);
+    const APIGroup &decodedGroup = decoded->groups.constFirst();
+    QTEST(decodedGroup.group, "expectedLetter");
+    QCOMPARE(decodedGroup.teams.size(), expectedRows);
+    if (expectedRows > 0) {
+        const APIStandingTeam &first = decodedGroup.teams.constFirst();
+        QCOMPARE(first.points, QStringLiteral("3"));
+        QCOMPARE(first.played, QStringLiteral("0"));
+        QCOMPARE(first.goalDifference, QStringLiteral("0"));
+    }
+}
 
 void NormalizationTest::status_data()
 {
@@ -66,9 +221,6 @@ void NormalizationTest::status_data()
     QTest::newRow("ht padded") << "FALSE" << " \tht " << MatchStatus::halfTime;
     QTest::newRow("2nd half") << "FALSE" << "2nd half" << MatchStatus::halfTime;
     QTest::newRow("line break is not trimmed") << "FALSE" << "ht\n" << MatchStatus::inPlay;
-    QTest::newRow("NS") << "FALSE" << "NS" << MatchStatus::scheduled;
-    QTest::newRow("zero") << "FALSE" << "0" << MatchStatus::scheduled;
-    QTest::newRow("minute") << "FALSE" << "67" << MatchStatus::inPlay;
     QTest::newRow("h2") << "FALSE" << "h2" << MatchStatus::inPlay;
     // clang-format on
 }
@@ -92,14 +244,10 @@ void NormalizationTest::liveFields_data()
     // clang-format off
     QTest::newRow("scheduled hides scores") << "notstarted" << "2" << none << none << none;
     QTest::newRow("default zero counts once live") << "1" << "0" << QVariant(0) << QVariant("1'") << QVariant(1);
-    QTest::newRow("minute") << "67" << "2" << QVariant(2) << QVariant("67'") << QVariant(67);
     QTest::newRow("stoppage with marks") << "90+4'" << "1" << QVariant(1) << QVariant("90'+4'") << QVariant(904);
-    QTest::newRow("spaced stoppage") << " 45 + 3 " << "1" << QVariant(1) << QVariant("45'+3'") << QVariant(453);
     QTest::newRow("clock with seconds") << "67:12" << "1" << QVariant(1) << QVariant("67'") << QVariant(6712);
     QTest::newRow("live word") << "live" << "3" << QVariant(3) << none << none;
     QTest::newRow("Arabic-Indic minute") << "٦٧" << "1" << QVariant(1) << QVariant("٦٧'") << none;
-    QTest::newRow("finished") << "finished" << "4" << QVariant(4) << none << none;
-    QTest::newRow("empty score") << "50" << "" << none << QVariant("50'") << QVariant(50);
     QTest::newRow("unparseable score") << "50" << " 1" << none << QVariant("50'") << QVariant(50);
     // clang-format on
 }
@@ -108,16 +256,13 @@ void NormalizationTest::liveFields()
 {
     QFETCH(QString, elapsed);
     QFETCH(QString, score);
-    QFETCH(QVariant, expectedScore);
-    QFETCH(QVariant, expectedClock);
-    QFETCH(QVariant, expectedMinute);
 
     APIGame game = gameWith(QStringLiteral("FALSE"), elapsed);
     game.homeScore = score;
     const Match match = normalizeMatch(game, {}, {});
-    QCOMPARE(match.homeScoreValue(), expectedScore);
-    QCOMPARE(match.liveClockValue(), expectedClock);
-    QCOMPARE(match.minuteValue(), expectedMinute);
+    QTEST(match.homeScoreValue(), "expectedScore");
+    QTEST(match.liveClockValue(), "expectedClock");
+    QTEST(match.minuteValue(), "expectedMinute");
 }
 
 void NormalizationTest::scorers_data()
@@ -127,7 +272,7 @@ void NormalizationTest::scorers_data()
 
     // clang-format off
     QTest::newRow("NULL padded") << "  NULL\n" << QStringList();
-    QTest::newRow("bare brackets") << "[]" << QStringList();
+    // As the real service writes them for game 4 of its seed.
     QTest::newRow("service braces")
         << R"x({"D. Bobadilla 7'(OG)","F. Balogun 31'","F. Balogun 45'+5'"})x"
         << QStringList{"D. Bobadilla 7'(OG)", "F. Balogun 31'", "F. Balogun 45'+5'"};
@@ -163,7 +308,6 @@ void NormalizationTest::teamNameAndCode_data()
                                     << "RGA";
     QTest::newRow("empty label") << none << "" << "" << QVariant("") << "TBD" << "TBD";
     QTest::newRow("two-word team, no code") << none << "Costa Rica" << " " << none << "Costa Rica" << "CR";
-    QTest::newRow("short name") << none << "" << "" << QVariant("Ab") << "Ab" << "AB";
     // clang-format on
 }
 
@@ -198,14 +342,9 @@ void NormalizationTest::venueZone_data()
 
     // clang-format off
     QTest::newRow("id beats city") << "12" << "Seattle" << "USA" << QByteArray("America/Toronto");
-    QTest::newRow("Guadalajara") << "17" << "Guadalajara" << "Mexico" << QByteArray("America/Mexico_City");
-    QTest::newRow("Monterrey by city") << "17" << "Monterrey" << "Mexico" << QByteArray("America/Monterrey");
     QTest::newRow("Toronto") << "17" << "North Toronto" << "Canada" << QByteArray("America/Toronto");
     QTest::newRow("other Canadian city") << "17" << "Edmonton" << "Canada" << QByteArray("America/New_York");
     QTest::newRow("country is case-sensitive") << "17" << "Vancouver" << "canada" << QByteArray("America/New_York");
-    QTest::newRow("Inglewood") << "17" << "Inglewood" << "USA" << QByteArray("America/Los_Angeles");
-    QTest::newRow("Arlington") << "17" << "Arlington (Dallas)" << "USA" << QByteArray("America/Chicago");
-    QTest::newRow("Foxborough") << "17" << "Foxborough" << "USA" << QByteArray("America/New_York");
     // clang-format on
 }
 
@@ -233,18 +372,9 @@ void NormalizationTest::knownTeamFillsMatch()
     game.awayTeamID = QStringLiteral("9");
     game.stadiumID = QStringLiteral("99");
     game.localDate = QStringLiteral("someday");
-    const TeamTable teams{{QStringLiteral("1"), APITeam{QStringLiteral("1"),
-                                                        QStringLiteral("Mexico"),
-                                                        QStringLiteral("https://flagcdn.com/w80/mx.png"),
-                                                        QStringLiteral("MEX"),
-                                                        QStringLiteral("mx"),
-                                                        {}}},
-                          {QStringLiteral("9"), APITeam{QStringLiteral("9"),
-                                                        QStringLiteral("England"),
-                                                        QStringLiteral("not a url"),
-                                                        QStringLiteral("ENG"),
-                                                        QStringLiteral("ENG"),
-                                                        {}}}};
+    const TeamTable teams{
+        {QStringLiteral("1"), APITeam{"1", "Mexico", "https://flagcdn.com/w80/mx.png", "MEX", "mx", {}}},
+        {QStringLiteral("9"), APITeam{"9", "England", "not a url", "ENG", "ENG", {}}}};
 
     const Match match = normalizeMatch(game, teams, {}, WCFormatters(QTimeZone::utc()));
     QCOMPARE(match.matchNumber, 12);
@@ -269,13 +399,8 @@ void NormalizationTest::kickoffShownInUserZone()
     APIGame game;
     game.stadiumID = QStringLiteral("4");
     game.localDate = QStringLiteral("06/14/2026 13:00");
-    const StadiumTable stadiums{{game.stadiumID, APIStadium{game.stadiumID,
-                                                            QStringLiteral("NRG Stadium"),
-                                                            {},
-                                                            QStringLiteral("Houston"),
-                                                            QStringLiteral("USA"),
-                                                            {},
-                                                            {}}}};
+    const StadiumTable stadiums{
+        {game.stadiumID, APIStadium{game.stadiumID, "NRG Stadium", {}, "Houston", "USA", {}, {}}}};
     const Match match = normalizeMatch(game, {}, stadiums, WCFormatters(QTimeZone("Europe/Berlin")));
     QCOMPARE(match.kickoffLabel, QStringLiteral("20:00"));
     QCOMPARE(match.venueLine(), QStringLiteral("NRG Stadium · Houston"));
@@ -325,83 +450,16 @@ void NormalizationTest::standingOrder()
     QCOMPARE(standing.group, QStringLiteral("A"));
 }
 
-void NormalizationTest::seedTournament()
-{
-    const QList<APIGame> games =
-        APIGamesResponse::decode(readFixture(QStringLiteral("football.matches.json")))->games;
-    const QList<APIGroup> groups =
-        APIGroupsResponse::decode(readFixture(QStringLiteral("football.matchtables.json")))->groups;
-    const auto teamList = APITeamsResponse::decode(readFixture(QStringLiteral("football.teams.json")));
-    TeamTable teams;
-    for (const APITeam &team : teamList->teams)
-        teams.insert(team.id, team);
-    const auto stadiumList =
-        APIStadiumsResponse::decode(readFixture(QStringLiteral("football.stadiums.json")));
-    StadiumTable stadiums;
-    for (const APIStadium &stadium : stadiumList->stadiums)
-        stadiums.insert(stadium.id, stadium);
-
-    QCOMPARE(games.size(), 104);
-    QCOMPARE(teams.size(), 48);
-    QCOMPARE(stadiums.size(), 16);
-    QCOMPARE(groups.size(), 12);
-
-    const WCFormatters utc(QTimeZone::utc());
-    QHash<QString, Match> matches;
-    for (const APIGame &game : games)
-        matches.insert(game.id, normalizeMatch(game, teams, stadiums, utc));
-
-    const Match &opening = matches.value(QStringLiteral("1"));
-    QCOMPARE(opening.stadium, QStringLiteral("Estadio Azteca"));
-    QCOMPARE(opening.kickoffDate, QDateTime(QDate(2026, 6, 11), QTime(19, 0), QTimeZone::utc()));
-    QCOMPARE(opening.roundLabel(), QStringLiteral("Group A"));
-    QCOMPARE(opening.trayMenuBarTitle(), QStringLiteral("🇲🇽 -–- 🇿🇦"));
-    QCOMPARE(opening.status, MatchStatus::scheduled);
-
-    const Match &final = matches.value(QStringLiteral("104"));
-    QCOMPARE(final.round, QStringLiteral("FINAL"));
-    // 15:00 in New Jersey.
-    QCOMPARE(final.kickoffDate, QDateTime(QDate(2026, 7, 19), QTime(19, 0), QTimeZone::utc()));
-    QCOMPARE(final.homeTeam, QStringLiteral("Winner Match 101"));
-    QCOMPARE(final.awayTeam, QStringLiteral("Winner Match 102"));
-    QCOMPARE(final.homeCode, QStringLiteral("WM1"));
-    QVERIFY(final.homeFlagEmoji.isEmpty());
-
-    for (const Match &match : std::as_const(matches)) {
-        QVERIFY2(match.kickoffDate.isValid(), qPrintable(match.id));
-        QVERIFY2(match.stadium != QLatin1StringView("Venue TBD"), qPrintable(match.id));
-    }
-
-    // England's iso2 is "ENG": no flag emoji, so the tray falls back to the code.
-    const auto england = std::find_if(teams.cbegin(), teams.cend(), [](const APITeam &team) {
-        return team.fifaCode == QLatin1StringView("ENG");
-    });
-    QVERIFY(england != teams.cend());
-    QVERIFY(flagEmoji(england->iso2).isEmpty());
-
-    for (const APIGroup &group : groups) {
-        const GroupStanding standing = normalizeStanding(group, teams);
-        QCOMPARE(standing.standings.size(), 4);
-        for (const StandingRow &row : standing.standings)
-            QCOMPARE(teams.value(row.teamID).groups, standing.group);
-    }
-}
-
 void NormalizationTest::plainText_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("shown");
 
-    const QString rlo(QChar(0x202e));
+    // Markup, NUL, line breaks, bidi overrides and the cut itself are met in StatusCommandTest.
     const QString flag = QStringLiteral("🇵🇦");
     // clang-format off
-    QTest::newRow("plain stays") << "Côte d'Ivoire <3 & co" << "Côte d'Ivoire <3 & co";
-    QTest::newRow("NUL dropped") << QStringLiteral("Pan") + QChar(0) + QStringLiteral("ama") << "Panama";
-    QTest::newRow("line breaks become spaces") << "Pan\r\nama\tFC" << "Pan  ama FC";
-    QTest::newRow("bidi override dropped") << rlo + "Panama" + QChar(0x2069) << "Panama";
     QTest::newRow("C1 control dropped") << QStringLiteral("Pa") + QChar(0x9b) + QStringLiteral("nama") << "Panama";
     QTest::newRow("at the cap") << QString(200, u'x') << QString(200, u'x');
-    QTest::newRow("over the cap") << QString(10'000, u'x') << QString(199, u'x') + u'…';
     QTest::newRow("no half emoji at the cut") << QString(198, u'x') + flag << QString(198, u'x') + u'…';
     // clang-format on
 }

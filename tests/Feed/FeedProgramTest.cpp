@@ -4,17 +4,13 @@
 #include <QRegularExpression>
 #include <QTest>
 
-// The pitchlark-feed program itself: its options, what it prints, and a running replay.
+// The pitchlark-feed program itself: a running replay, and a frozen one set up from the command line.
 class FeedProgramTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void badOptionsAreRefused_data();
-    void badOptionsAreRefused();
-    void helpAndVersion();
     void runningReplayBringsTheFinalGroupGamesLive();
-    void faultsFromTheCommandLine();
-    void busyPortIsReported();
+    void frozenReplayWithFaultsAndABusyPort();
 
 private:
     // Starts the program and reads the port it printed; 0 when it did not come up.
@@ -48,60 +44,6 @@ quint16 FeedProgramTest::start(QProcess &process, const QStringList &arguments)
     return quint16(listening.match(QString::fromUtf8(printed)).captured(1).toUInt());
 }
 
-void FeedProgramTest::badOptionsAreRefused_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("message");
-
-    // clang-format off
-    QTest::newRow("port too high") << QStringList{"--port", "70000"} << "--port needs a number";
-    QTest::newRow("time without zone") << QStringList{"--at", "2026-06-27T20:50:00"} << "with a zone";
-    QTest::newRow("no such day") << QStringList{"--from", "2026-02-30T20:50:00Z"} << "--from needs";
-    QTest::newRow("speed without start") << QStringList{"--speed", "60"} << "--speed needs --from";
-    QTest::newRow("zero speed") << QStringList{"--from", "2026-06-27T20:50:00Z", "--speed", "0"} << "above 0";
-    QTest::newRow("frozen and running") << QStringList{"--at", "2026-06-27T20:50:00Z", "--from", "2026-06-27T20:50:00Z"} << "cannot be used with --from";
-    QTest::newRow("unknown elapsed style") << QStringList{"--elapsed-style", "seconds"} << "minute or live";
-    QTest::newRow("unknown fault") << QStringList{"--fault", "games=418x"} << "unknown fault";
-    QTest::newRow("unknown endpoint") << QStringList{"--fault", "scores=503"} << "endpoint=value";
-    QTest::newRow("negative delay") << QStringList{"--delay", "games=-1"} << "bad delay";
-    QTest::newRow("host name as address") << QStringList{"--address", "example.org"} << "IP address";
-    QTest::newRow("unknown option") << QStringList{"--replay"} << "Unknown option";
-    QTest::newRow("stray argument") << QStringList{"now"} << "unexpected argument";
-    // clang-format on
-}
-
-void FeedProgramTest::badOptionsAreRefused()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, message);
-
-    QProcess process;
-    process.start(program, arguments);
-    QVERIFY(process.waitForFinished(5000));
-    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(process.exitCode(), 2);
-    const QString printed = QString::fromUtf8(process.readAllStandardError());
-    QVERIFY2(printed.contains(message), qPrintable(printed));
-    QVERIFY(process.readAllStandardOutput().isEmpty());
-}
-
-void FeedProgramTest::helpAndVersion()
-{
-    QProcess process;
-    process.start(program, {QStringLiteral("--help")});
-    QVERIFY(process.waitForFinished(5000));
-    QCOMPARE(process.exitCode(), 0);
-    const QByteArray help = process.readAllStandardOutput();
-    for (const char *option :
-         {"--at", "--from", "--speed", "--port", "--elapsed-style", "--fault", "--delay"})
-        QVERIFY2(help.contains(option), option);
-
-    process.start(program, {QStringLiteral("--version")});
-    QVERIFY(process.waitForFinished(5000));
-    QCOMPARE(process.exitCode(), 0);
-    QVERIFY(process.readAllStandardOutput().startsWith("pitchlark-feed "));
-}
-
 void FeedProgramTest::runningReplayBringsTheFinalGroupGamesLive()
 {
     QProcess process;
@@ -132,40 +74,40 @@ void FeedProgramTest::runningReplayBringsTheFinalGroupGamesLive()
     process.waitForFinished(5000);
 }
 
-void FeedProgramTest::faultsFromTheCommandLine()
+void FeedProgramTest::frozenReplayWithFaultsAndABusyPort()
 {
     QProcess process;
-    const quint16 port = start(process, {"--at", "2026-06-11T19:30:00Z", "--port", "0", "--fault",
-                                         "games=503", "--delay", "all=20", "--fault", "teams=empty"});
+    const quint16 port =
+        start(process, {"--at", "2026-06-11T19:30:00Z", "--port", "0", "--elapsed-style", "live", "--fault",
+                        "stadiums=503", "--delay", "all=20", "--fault", "teams=empty"});
     QVERIFY(port != 0);
     const auto url = [port](const char *path) {
         return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(port).arg(QLatin1StringView(path)));
     };
-    QCOMPARE(httpExchange(url("/get/games")).status, 503);
+    QCOMPARE(httpExchange(url("/get/stadiums")).status, 503);
     QCOMPARE(httpExchange(url("/get/teams")).body, QByteArray(R"({"teams":[]})"));
+    // The coarse style sends a word for a running game instead of its minute.
+    const QByteArray games = httpExchange(url("/get/games")).body;
+    QCOMPARE(gameWithID(games, QStringLiteral("1")).value(u"time_elapsed").toString(),
+             QStringLiteral("live"));
+    QCOMPARE(gameWithID(games, QStringLiteral("2")).value(u"time_elapsed").toString(),
+             QStringLiteral("notstarted"));
     const QJsonObject faults =
         QJsonDocument::fromJson(httpExchange(url("/_control")).body).object().value(u"faults").toObject();
     QCOMPARE(faults.value(u"games").toObject().value(u"delay_ms").toInt(), 20);
-    QCOMPARE(faults.value(u"stadiums").toObject().value(u"fault").toString(), QStringLiteral("none"));
+    QCOMPARE(faults.value(u"groups").toObject().value(u"fault").toString(), QStringLiteral("none"));
     const QJsonObject clock = QJsonDocument::fromJson(httpExchange(url("/_clock")).body).object();
     QCOMPARE(clock.value(u"now").toString(), QStringLiteral("2026-06-11T19:30:00Z"));
     QCOMPARE(clock.value(u"mode").toString(), QStringLiteral("frozen"));
-    process.kill();
-    process.waitForFinished(5000);
-}
 
-void FeedProgramTest::busyPortIsReported()
-{
-    QProcess first;
-    const quint16 port = start(first, {"--port", "0"});
-    QVERIFY(port != 0);
+    // A second replay on the same port says why it cannot start.
     QProcess second;
     second.start(program, {QStringLiteral("--port"), QString::number(port)});
     QVERIFY(second.waitForFinished(5000));
     QCOMPARE(second.exitCode(), 1);
     QVERIFY(second.readAllStandardError().contains("cannot listen"));
-    first.kill();
-    first.waitForFinished(5000);
+    process.kill();
+    process.waitForFinished(5000);
 }
 
 QTEST_GUILESS_MAIN(FeedProgramTest)

@@ -18,7 +18,6 @@
 struct HttpAnswer {
     int status = 0; // 0 when no HTTP answer came
     QByteArray body;
-    QByteArray contentType;
 };
 
 // One request over real HTTP, waited for in a local event loop, never longer than the time-out.
@@ -37,17 +36,15 @@ inline HttpAnswer httpExchange(const QUrl &url, const QByteArray &method = "GET"
     HttpAnswer answer;
     answer.status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     answer.body = reply->readAll();
-    answer.contentType = reply->header(QNetworkRequest::ContentTypeHeader).toByteArray();
     return answer;
 }
 
 // A replay service on a free port of 127.0.0.1, frozen at one instant.
 class FrozenFeed {
 public:
-    explicit FrozenFeed(const char *instant, ElapsedStyle style = ElapsedStyle::Minute)
+    explicit FrozenFeed(const char *instant)
         : m_server(Tournament::bundled(),
-                   TournamentClock::frozen(QDateTime::fromString(QString::fromLatin1(instant), Qt::ISODate)),
-                   style)
+                   TournamentClock::frozen(QDateTime::fromString(QString::fromLatin1(instant), Qt::ISODate)))
     {
         m_port = m_server.listen();
     }
