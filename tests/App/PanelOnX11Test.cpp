@@ -1,13 +1,20 @@
+#include "AppDelegate.h"
+#include "FeedServer.h"
 #include "GlassImages.h"
 #include "ModelFixture.h"
 #include "PanelController.h"
+#include "StatusNotifierTrayItem.h"
+#include "UpdateToastWindowController.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QQmlEngine>
 #include <QQuickWindow>
+#include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -23,7 +30,8 @@ Q_IMPORT_QML_PLUGIN(Pitchlark_AppPlugin)
 
 // The panel on a real X server (CTest runs it under Xvfb with no window manager; it runs as well on a
 // display where one is running), clicked and typed at with xdotool as a user would, from outside the
-// program. The last case starts Debian's kwin_x11 when it is installed, for its blur.
+// program, and driven by a tray host on a private session bus. The last case starts Debian's kwin_x11
+// when it is installed, for its blur.
 class PanelOnX11Test : public QObject {
     Q_OBJECT
 
@@ -34,6 +42,7 @@ private slots:
     void dismissal_data();
     void dismissal();
     void trayClickWhileOpenClosesOnce();
+    void trayHostDrivesTheProgram();
     void shapeWithoutCompositor();
     void kwinBlursBehindThePanel();
 
@@ -82,6 +91,21 @@ bool compositorRuns()
     const bool owned = owner && owner->owner != XCB_NONE;
     std::free(owner);
     return owned;
+}
+
+// Where the window stands among the root window's children, bottom first (no window manager here).
+qsizetype stackingIndex(QWindow *window)
+{
+    xcb_connection_t *connection = display();
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    xcb_query_tree_reply_t *tree =
+        xcb_query_tree_reply(connection, xcb_query_tree(connection, root), nullptr);
+    const xcb_window_t *children = xcb_query_tree_children(tree);
+    const auto count = xcb_query_tree_children_length(tree);
+    const auto found = std::find(children, children + count, xcb_window_t(window->winId()));
+    const qsizetype index = found - children;
+    std::free(tree);
+    return index;
 }
 
 bool hasProperty(xcb_connection_t *connection, xcb_window_t window, const char *name)
@@ -187,6 +211,56 @@ void PanelOnX11Test::trayClickWhileOpenClosesOnce()
     QTest::qWait(500);
     m_panel->toggle();
     QVERIFY(m_panel->isShown());
+}
+
+// The tray host's clicks reach the whole program: a real tray item, the real delegate, model and
+// panel, and the host played by a second bus connection. One walk, each step on the state the last
+// one left.
+void PanelOnX11Test::trayHostDrivesTheProgram()
+{
+    QVERIFY2(QDBusConnection::sessionBus().isConnected(), "no session bus: run under dbus-run-session");
+    const QDateTime at(QDate(2026, 6, 27), QTime(21, 30), QTimeZone::utc());
+    FeedServer feed(Tournament::bundled(), TournamentClock::frozen(at));
+    ModelFixture fixture(QStringLiteral("http://127.0.0.1:%1").arg(feed.listen()));
+    AppDelegate delegate(fixture.services([at] { return at; }));
+    auto tray = std::make_unique<StatusNotifierTrayItem>();
+    StatusNotifierTrayItem *item = tray.get();
+    delegate.launch(std::move(tray));
+    QTRY_VERIFY(!delegate.model().isLoading());
+    QDBusConnection host = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("host"));
+    const auto hostCalls = [&host, item](const QString &method) {
+        QDBusMessage call =
+            QDBusMessage::createMethodCall(item->serviceName(), QStringLiteral("/StatusNotifierItem"),
+                                           QStringLiteral("org.kde.StatusNotifierItem"), method);
+        call << 1400 << 10;
+        QVERIFY(host.send(call));
+    };
+
+    PanelController *panel = delegate.panel();
+    hostCalls(QStringLiteral("Activate"));
+    QTRY_VERIFY(panel->isShown());
+    QVERIFY(QTest::qWaitForWindowExposed(panel->window()));
+    // The panel stays above the update toast that shows while it is open.
+    delegate.updateToast().show();
+    QVERIFY(QTest::qWaitForWindowExposed(delegate.updateToast().window()));
+    QTRY_VERIFY(stackingIndex(panel->window()) > stackingIndex(delegate.updateToast().window()));
+    hostCalls(QStringLiteral("Activate"));
+    QTRY_VERIFY(!panel->isShown());
+
+    // A middle click refreshes, one whole cycle (loading, then loaded), and leaves the panel closed.
+    QSignalSpy loading(&delegate.model(), &AppModel::isLoadingChanged);
+    hostCalls(QStringLiteral("SecondaryActivate"));
+    QTRY_COMPARE(loading.count(), 2);
+    QVERIFY(!panel->isShown());
+
+    // The icon's score follows the setting. No watcher runs here, so no host shows the label and
+    // "auto" draws it.
+    QVERIFY(delegate.model().trayTitle().has_value());
+    const std::pair<const char *, bool> choices[] = {{"never", false}, {"auto", true}, {"always", true}};
+    for (const auto &[choice, scoreShown] : choices) {
+        delegate.model().menuBar().updateIconScore(QString::fromLatin1(choice));
+        QVERIFY2(item->iconName().isEmpty() == scoreShown, choice);
+    }
 }
 
 void PanelOnX11Test::shapeWithoutCompositor()
