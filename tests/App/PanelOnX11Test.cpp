@@ -40,7 +40,8 @@ private slots:
     void dismissal();
     void trayClickWhileOpenClosesOnce();
     void trayHostDrivesTheProgram();
-    void shapeWithoutCompositor();
+    void glassWithoutCompositor_data();
+    void glassWithoutCompositor();
 
 private:
     QPoint outside() const { return QPoint(200, 450); }
@@ -125,6 +126,7 @@ void PanelOnX11Test::cleanup()
 {
     m_panel.reset();
     qunsetenv("TIDEWELL_PINNED");
+    m_model->glass().setFloatingCards(false);
 }
 
 void PanelOnX11Test::dismissal_data()
@@ -248,10 +250,20 @@ void PanelOnX11Test::trayHostDrivesTheProgram()
     }
 }
 
-void PanelOnX11Test::shapeWithoutCompositor()
+void PanelOnX11Test::glassWithoutCompositor_data()
+{
+    QTest::addColumn<bool>("floating");
+
+    QTest::newRow("framed glass") << false;
+    QTest::newRow("floating cards") << true;
+}
+
+void PanelOnX11Test::glassWithoutCompositor()
 {
     if (compositorRuns())
         QSKIP("a compositor runs on this display");
+    QFETCH(bool, floating);
+    m_model->glass().setFloatingCards(floating);
 
     m_panel->show();
     QQuickWindow *window = m_panel->window();
@@ -261,6 +273,25 @@ void PanelOnX11Test::shapeWithoutCompositor()
     QVERIFY(!shape.contains(QPoint(window->width() - 1, window->height() - 1)));
     QVERIFY(shape.contains(QPoint(PanelController::cornerRadius, 0)));
     QVERIFY(shape.contains(QPoint(window->width() / 2, window->height() / 2)));
+
+    // The picture, pixel by pixel. Round corners leave the very corner clear in both modes.
+    const QImage image = window->grabWindow();
+    QVERIFY(image.hasAlphaChannel());
+    QCOMPARE(qAlpha(image.pixel(0, 0)), 0);
+    QCOMPARE(qAlpha(image.pixel(image.width() - 1, image.height() - 1)), 0);
+    // Only glass lies in the gutter left of the cards: check the layers there.
+    const auto alphaAt = [&image](int x) { return qAlpha(image.pixel(x, image.height() / 2)); };
+    if (floating) {
+        // No rim: the glass fades out towards the edge.
+        QVERIFY2(alphaAt(1) < alphaAt(12) / 3,
+                 qPrintable(QStringLiteral("%1 %2").arg(alphaAt(1)).arg(alphaAt(12))));
+    } else {
+        // Translucent frost, with a white rim along its edge.
+        const int glass = alphaAt(8);
+        QVERIFY2(glass > 120 && glass < 255, qPrintable(QString::number(glass)));
+        QCOMPARE(alphaAt(1), glass);
+        QVERIFY2(alphaAt(0) > glass, qPrintable(QString::number(alphaAt(0))));
+    }
 }
 
 QTEST_MAIN(PanelOnX11Test)
