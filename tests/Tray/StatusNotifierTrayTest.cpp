@@ -55,8 +55,6 @@ private:
     void stopWatcher();
     QStringList registeredItems();
     QDBusMessage callHost(QDBusMessage call);
-    QDBusMessage callItem(const StatusNotifierTrayItem &item, const QString &method, const QVariantList &args,
-                          const QString &path = QStringLiteral("/StatusNotifierItem"));
     QVariant property(const QString &service, const QString &path, const QString &interface,
                       const QString &name);
     QVariant itemProperty(const StatusNotifierTrayItem &item, const QString &name)
@@ -142,16 +140,6 @@ QStringList StatusNotifierTrayTest::registeredItems()
     return property(watcherService, QStringLiteral("/StatusNotifierWatcher"), watcherService,
                     QStringLiteral("RegisteredStatusNotifierItems"))
         .toStringList();
-}
-
-QDBusMessage StatusNotifierTrayTest::callItem(const StatusNotifierTrayItem &item, const QString &method,
-                                              const QVariantList &args, const QString &path)
-{
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        item.serviceName(), path,
-        path == QLatin1String("/MenuBar") ? "com.canonical.dbusmenu" : itemInterface, method);
-    call.setArguments(args);
-    return callHost(call);
 }
 
 QVariant StatusNotifierTrayTest::property(const QString &service, const QString &path,
@@ -375,8 +363,11 @@ void StatusNotifierTrayTest::hostCalls()
     QStringList answer;
     recordSignals(item, answer);
     const bool menu = method.startsWith(u"Event") || method == u"GetLayout";
-    const QDBusMessage reply = callItem(
-        item, method, args, menu ? QStringLiteral("/MenuBar") : QStringLiteral("/StatusNotifierItem"));
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        item.serviceName(), menu ? QStringLiteral("/MenuBar") : QStringLiteral("/StatusNotifierItem"),
+        menu ? QStringLiteral("com.canonical.dbusmenu") : itemInterface, method);
+    call.setArguments(args);
+    const QDBusMessage reply = callHost(call);
 
     QString error = reply.errorName();
     if (method == u"GetLayout" && reply.type() == QDBusMessage::ReplyMessage) {
