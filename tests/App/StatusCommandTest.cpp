@@ -21,8 +21,7 @@ private slots:
     void init();
     void exitCodes_data();
     void exitCodes();
-    void jsonRecords();
-    void hostileNamesArePlainAndBounded();
+    void recordsKeepHostileNamesPlainAndBounded();
     void demoLeavesNoProfile_data();
     void demoLeavesNoProfile();
     void teamCalendar();
@@ -105,37 +104,7 @@ void StatusCommandTest::exitCodes()
     QVERIFY2(QString::fromUtf8(outcome.errors).contains(message), outcome.errors.constData());
 }
 
-void StatusCommandTest::jsonRecords()
-{
-    const Outcome outcome = run({QStringLiteral("--json")}, m_feedURL);
-    QCOMPARE(outcome.exitCode, 0);
-    QCOMPARE(outcome.output.count('\n'), 1);
-    const QJsonObject report = QJsonDocument::fromJson(outcome.output).object();
-    QCOMPARE(report.value(u"errorMessage"), QJsonValue(QJsonValue::Null));
-    QVERIFY(report.value(u"lastUpdated").toString().endsWith(u'Z'));
-    QCOMPARE(report.value(u"allMatches").toArray().size(), 104);
-    QCOMPARE(report.value(u"standings").toArray().size(), 12);
-    QCOMPARE(report.value(u"settings").toObject().value(u"refreshInterval").toInt(), 30);
-
-    const QJsonArray live = report.value(u"liveMatches").toArray();
-    QCOMPARE(live.size(), 2);
-    const QJsonObject first = live.first().toObject();
-    QCOMPARE(first.value(u"status").toString(), QStringLiteral("in_play"));
-    QCOMPARE(first.value(u"kickoffDate").toString(), QStringLiteral("2026-06-27T21:00:00Z"));
-    QVERIFY(first.value(u"homeScore").isDouble());
-    QCOMPARE(report.value(u"trayTitle").toString(), QStringLiteral("🇵🇦 0–0 ENG"));
-
-    // A fixture still to come: absent values are null, not missing.
-    const QJsonArray day = report.value(u"allMatches").toArray();
-    const auto scheduled = std::find_if(day.begin(), day.end(), [](const QJsonValue &match) {
-        return match.toObject().value(u"status").toString() == QLatin1StringView("scheduled");
-    });
-    QVERIFY(scheduled != day.end());
-    QCOMPARE(scheduled->toObject().value(u"homeScore"), QJsonValue(QJsonValue::Null));
-    QCOMPARE(scheduled->toObject().value(u"liveClock"), QJsonValue(QJsonValue::Null));
-}
-
-void StatusCommandTest::hostileNamesArePlainAndBounded()
+void StatusCommandTest::recordsKeepHostileNamesPlainAndBounded()
 {
     // Panama, live at this moment, and every scorer carry markup, a NUL, a line break, a right-to-left
     // override and ten thousand more characters.
@@ -151,17 +120,39 @@ void StatusCommandTest::hostileNamesArePlainAndBounded()
     }
     const QString plain = QStringLiteral("<b>Pan&ama</b> ") + QString(184, u'x') + u'…';
 
-    const Outcome json = run({QStringLiteral("--json")}, m_feedURL);
-    QCOMPARE(json.exitCode, 0);
-    const QJsonObject panama =
-        QJsonDocument::fromJson(json.output).object().value(u"liveMatches").toArray().first().toObject();
+    const Outcome outcome = run({QStringLiteral("--json")}, m_feedURL);
+    QCOMPARE(outcome.exitCode, 0);
+    QCOMPARE(outcome.output.count('\n'), 1);
+    const QJsonObject report = QJsonDocument::fromJson(outcome.output).object();
+    QCOMPARE(report.value(u"errorMessage"), QJsonValue(QJsonValue::Null));
+    QVERIFY(report.value(u"lastUpdated").toString().endsWith(u'Z'));
+    QCOMPARE(report.value(u"allMatches").toArray().size(), 104);
+    QCOMPARE(report.value(u"standings").toArray().size(), 12);
+    QCOMPARE(report.value(u"settings").toObject().value(u"refreshInterval").toInt(), 30);
+
+    const QJsonArray live = report.value(u"liveMatches").toArray();
+    QCOMPARE(live.size(), 2);
+    const QJsonObject panama = live.first().toObject();
+    QCOMPARE(panama.value(u"status").toString(), QStringLiteral("in_play"));
+    QCOMPARE(panama.value(u"kickoffDate").toString(), QStringLiteral("2026-06-27T21:00:00Z"));
+    QVERIFY(panama.value(u"homeScore").isDouble());
+    QCOMPARE(report.value(u"trayTitle").toString(), QStringLiteral("🇵🇦 0–0 ENG"));
     QCOMPARE(panama.value(u"homeTeam").toString(), plain);
     for (const QJsonValue &scorer : panama.value(u"awayScorers").toArray()) {
         QCOMPARE(scorer.toString().size(), 200);
         QVERIFY(!scorer.toString().contains(u'\n'));
     }
 
-    // Waybar's line keeps its shape around them.
+    // A fixture still to come: absent values are null, not missing.
+    const QJsonArray day = report.value(u"allMatches").toArray();
+    const auto scheduled = std::find_if(day.begin(), day.end(), [](const QJsonValue &match) {
+        return match.toObject().value(u"status").toString() == QLatin1StringView("scheduled");
+    });
+    QVERIFY(scheduled != day.end());
+    QCOMPARE(scheduled->toObject().value(u"homeScore"), QJsonValue(QJsonValue::Null));
+    QCOMPARE(scheduled->toObject().value(u"liveClock"), QJsonValue(QJsonValue::Null));
+
+    // Waybar's line keeps its shape around the hostile names.
     const Outcome waybar = run({QStringLiteral("--waybar")}, m_feedURL);
     QCOMPARE(waybar.exitCode, 0);
     const QJsonObject line = QJsonDocument::fromJson(waybar.output).object();
@@ -181,8 +172,6 @@ void StatusCommandTest::demoLeavesNoProfile_data()
     QTest::addColumn<bool>("profileLeft"); // until the next demo start
 
     QTest::newRow("Ctrl-C") << SIGINT << false;
-    QTest::newRow("kill") << SIGTERM << false;
-    QTest::newRow("hang-up") << SIGHUP << false;
     QTest::newRow("kill -9") << SIGKILL << true;
 }
 
@@ -212,28 +201,14 @@ void StatusCommandTest::demoLeavesNoProfile()
 
 void StatusCommandTest::teamCalendar()
 {
-    const QString panama = QStringLiteral("48");
-    const Outcome outcome = run({QStringLiteral("--ics"), QStringLiteral("--team"), panama}, m_feedURL);
+    // Which matches a team's calendar holds is ModelQueriesTest's to check; here, that --team picks it.
+    const Outcome outcome =
+        run({QStringLiteral("--ics"), QStringLiteral("--team"), QStringLiteral("48")}, m_feedURL);
     QCOMPARE(outcome.exitCode, 0);
-    QSet<QString> expected;
-    const QJsonObject report =
-        QJsonDocument::fromJson(run({QStringLiteral("--json")}, m_feedURL).output).object();
-    for (const QJsonValue &match : report.value(u"allMatches").toArray()) {
-        const QJsonObject record = match.toObject();
-        if (record.value(u"homeTeamID").toString() == panama ||
-            record.value(u"awayTeamID").toString() == panama)
-            expected << QStringLiteral("match-%1@pitchlark.com").arg(record.value(u"id").toString());
-    }
-    QVERIFY(expected.size() >= 3);
-
     const QJsonArray events = parsedIcsEvents(outcome.output);
-    QSet<QString> uids;
-    for (const QJsonValue &event : events) {
-        uids << event.toObject().value(u"uid").toString();
+    QVERIFY(events.size() >= 3);
+    for (const QJsonValue &event : events)
         QVERIFY(event.toObject().value(u"summary").toString().contains(u"Panama"));
-    }
-    QCOMPARE(uids, expected);
-    QCOMPARE(events.size(), expected.size());
 }
 
 QTEST_GUILESS_MAIN(StatusCommandTest)
