@@ -195,6 +195,8 @@ void AppcastUpdaterTest::failedDownloadsInstallNothing_data()
     const QString tooLarge = QStringLiteral("The update is too large.");
     QTest::newRow("one byte changed in transit") << size << tampered << signature << 200 << badSignature;
     QTest::newRow("signed with another key") << size << m_release << stranger.sign(m_release) << 200 << badSignature;
+    QTest::newRow("signature not base64") << size << m_release << QByteArray("not*base64!") << 200 << badSignature;
+    QTest::newRow("signature cut short") << size << m_release << signature.left(40) << 200 << badSignature;
     QTest::newRow("unsigned") << size << m_release << QByteArray() << 200 << QStringLiteral("The update isn't signed.");
     QTest::newRow("truncated") << size << m_release.left(size / 2) << signature << 200 << QStringLiteral("The update download was incomplete.");
     QTest::newRow("longer than announced") << size << m_release + 'x' << signature << 200 << QStringLiteral("The update is larger than announced.");
