@@ -3,7 +3,6 @@
 #include "UpdateScript.h"
 
 #include <QRegularExpression>
-#include <QSignalSpy>
 #include <QTest>
 
 using namespace std::chrono_literals;
@@ -30,54 +29,11 @@ class UpdateControllerTest : public QObject {
 private slots:
     // The controller logs nothing in these flows.
     void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
-    void phases_data();
-    void phases();
     void repliesAreAnsweredOnce_data();
     void repliesAreAnsweredOnce();
     void timedReturnsToIdle_data();
     void timedReturnsToIdle();
 };
-
-// The phases UpdateViewsTest::phases does not reach, and a dismissal from each: only an offer is answered.
-void UpdateControllerTest::phases_data()
-{
-    QTest::addColumn<QStringList>("steps");
-    QTest::addColumn<UpdatePhase>("phase");
-    QTest::addColumn<bool>("userInitiated");
-
-    const auto row = [](const char *name, QStringList steps, UpdatePhase phase, bool user) {
-        QTest::newRow(name) << steps << phase << user;
-    };
-    row("found in the background", {"background-offer 1"}, UpdatePhase::available("2.0"), false);
-    row("no length announced", {"download", "data 50", "data 50"}, UpdatePhase::downloading(-1), false);
-    row("more than announced", {"download", "length 100", "data 80", "data 80"}, UpdatePhase::downloading(1),
-        false);
-    row("a new download counts from zero",
-        {"download", "length 10", "data 9", "download", "length 100", "data 50"},
-        UpdatePhase::downloading(0.5), false);
-    row("extraction progress", {"extract", "extracted 0.4"}, UpdatePhase::downloading(0.4), false);
-    row("ready to relaunch", {"check", "offer 1", "ready 1"}, UpdatePhase::readyToRelaunch(), true);
-    row("dismissed by the engine", {"check", "offer 1", "engine-dismisses"}, UpdatePhase::idle(), false);
-}
-
-void UpdateControllerTest::phases()
-{
-    QFETCH(QStringList, steps);
-    QFETCH(UpdatePhase, phase);
-    const auto controller = makeController();
-    UpdateScript script{*controller, {}};
-    script.run(steps);
-
-    QCOMPARE(controller->phase(), phase);
-    QTEST(controller->isUserInitiated(), "userInitiated");
-    QSignalSpy phaseSpy(controller.get(), &UpdateController::phaseChanged);
-    script.run({"dismiss"});
-    QCOMPARE(controller->phase(), UpdatePhase::idle());
-    QVERIFY(!controller->isUserInitiated());
-    QCOMPARE(phaseSpy.count(), 1);
-    const bool offered = phase.kind() == UpdatePhase::Kind::available;
-    QCOMPARE(script.log.filter(u":dismiss"), offered ? QStringList{"1:dismiss"} : QStringList{});
-}
 
 void UpdateControllerTest::repliesAreAnsweredOnce_data()
 {
