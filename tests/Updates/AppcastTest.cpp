@@ -39,39 +39,15 @@ class AppcastTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void versionOrder_data();
-    void versionOrder();
     void malformedVersions_data();
     void malformedVersions();
     void parse_data();
     void parse();
-    void newestUpdateOfSeveral();
+    void newestUpdate_data();
+    void newestUpdate();
     void secureURL_data();
     void secureURL();
 };
-
-void AppcastTest::versionOrder_data()
-{
-    QTest::addColumn<QString>("older");
-    QTest::addColumn<QString>("newer");
-    // clang-format off
-    QTest::newRow("numbers, not text") << "1.9" << "1.10";
-    QTest::newRow("major wins") << "1.99.99" << "2";
-    QTest::newRow("extra component") << "1.2" << "1.2.1";
-    QTest::newRow("largest component") << "1.18446744073709551614" << "1.18446744073709551615";
-    // clang-format on
-}
-
-void AppcastTest::versionOrder()
-{
-    QFETCH(QString, older);
-    QFETCH(QString, newer);
-    const auto a = UpdateVersion::parse(older);
-    const auto b = UpdateVersion::parse(newer);
-    QVERIFY(a && b);
-    QVERIFY(*a < *b);
-    QCOMPARE(UpdateVersion::parse(older + QStringLiteral(".0")), a);
-}
 
 void AppcastTest::malformedVersions_data()
 {
@@ -126,19 +102,32 @@ void AppcastTest::parse()
     QTEST(describe(*appcast), "items");
 }
 
-// Releases the installation already has or has passed are offered by no appcast: see
-// AppcastUpdaterTest::userCheck.
-void AppcastTest::newestUpdateOfSeveral()
+// Versions compare as numbers, component by component; the installation's own release, written with
+// more zeros, is no update.
+void AppcastTest::newestUpdate_data()
 {
+    QTest::addColumn<QStringList>("versions"); // in the feed's order
+    QTest::addColumn<QString>("newest");       // offered to 1.0; empty: none
+    // clang-format off
+    QTest::newRow("numbers, not text") << QStringList{"1.2", "1.10", "1.9"} << "1.10";
+    QTest::newRow("major wins") << QStringList{"2", "1.99.99"} << "2";
+    QTest::newRow("extra component") << QStringList{"1.2", "1.2.1"} << "1.2.1";
+    QTest::newRow("largest component") << QStringList{"1.18446744073709551615", "1.18446744073709551614"} << "1.18446744073709551615";
+    QTest::newRow("the installed release") << QStringList{"1.0.0", "0.9"} << "";
+    // clang-format on
+}
+
+void AppcastTest::newestUpdate()
+{
+    QFETCH(QStringList, versions);
     Appcast appcast;
-    for (const char *version : {"1.2", "1.10", "1.9"}) {
+    for (const QString &version : versions) {
         AppcastItem item;
-        item.versionString = QString::fromLatin1(version);
+        item.versionString = version;
         appcast.items << item;
     }
     const auto found = appcast.newestUpdate(*UpdateVersion::parse(QStringLiteral("1.0")));
-    QVERIFY(found);
-    QCOMPARE(found->versionString, QStringLiteral("1.10"));
+    QTEST(found ? found->versionString : QString(), "newest");
 }
 
 void AppcastTest::secureURL_data()
@@ -147,7 +136,6 @@ void AppcastTest::secureURL_data()
     QTest::addColumn<bool>("secure");
     // clang-format off
     QTest::newRow("https") << "https://updates.example.org/appcast.xml" << true;
-    QTest::newRow("http to 127.0.0.1") << "http://127.0.0.1:8080/appcast.xml" << true;
     QTest::newRow("http to localhost") << "http://localhost/appcast.xml" << true;
     QTest::newRow("http elsewhere") << "http://updates.example.org/appcast.xml" << false;
     QTest::newRow("http to a name that starts with a loopback address") << "http://127.0.0.1.example.org/a" << false;
