@@ -252,6 +252,8 @@ void AppcastUpdaterTest::goodUpdatesReplaceTheAppImage()
     controller.dismiss();
     engine->installOnQuit();
     QCOMPARE(installation.appImageBytes(), m_release);
+    QCOMPARE(QFile::permissions(installation.appImagePath), appImageMode);
+    QCOMPARE(installation.folderEntries(), QStringList{"Pitchlark.AppImage"});
     QCOMPARE(installation.relaunched, QStringList{});
 
     // A different release is downloaded afresh and relaunched into.
