@@ -196,7 +196,6 @@ void AppcastUpdaterTest::userCheck()
     QVERIFY(controller.isUserInitiated());
     QVERIFY(QSettings(installation.settingsPath, QSettings::IniFormat).contains("LastUpdateCheckTime"));
     if (controller.phase().kind() == UpdatePhase::Kind::available) {
-        QCOMPARE(controller.statusSubtitle(), "Pitchlark 2.0 is ready to install.");
         QVERIFY(controller.canCheckForUpdates());
         controller.primaryAction();
         QTRY_COMPARE(controller.phase().kind(), UpdatePhase::Kind::error);
