@@ -1,5 +1,4 @@
 #include "Appcast.h"
-#include "SecureUpdateURL.h"
 #include "UpdateVersion.h"
 
 #include <QTest>
@@ -43,8 +42,6 @@ private slots:
     void parse();
     void newestUpdate_data();
     void newestUpdate();
-    void secureURL_data();
-    void secureURL();
 };
 
 void AppcastTest::parse_data()
@@ -113,25 +110,6 @@ void AppcastTest::newestUpdate()
     }
     const auto found = appcast.newestUpdate(*UpdateVersion::parse(QStringLiteral("1.0")));
     QTEST(found ? found->versionString : QString(), "newest");
-}
-
-void AppcastTest::secureURL_data()
-{
-    QTest::addColumn<QString>("url");
-    QTest::addColumn<bool>("secure");
-    // clang-format off
-    QTest::newRow("https") << "https://updates.example.org/appcast.xml" << true;
-    QTest::newRow("http to localhost") << "http://localhost/appcast.xml" << true;
-    QTest::newRow("http to a name that starts with a loopback address") << "http://127.0.0.1.example.org/a" << false;
-    QTest::newRow("file") << "file:///tmp/appcast.xml" << false;
-    QTest::newRow("no host") << "https:///appcast.xml" << false;
-    // clang-format on
-}
-
-void AppcastTest::secureURL()
-{
-    QFETCH(QString, url);
-    QTEST(isSecureUpdateURL(QUrl(url)), "secure");
 }
 
 QTEST_GUILESS_MAIN(AppcastTest)
