@@ -29,8 +29,6 @@ struct UpdateScript {
                 controller.showDownloadDidReceiveDataOfLength(argument.toULongLong());
             else if (verb == u"extract")
                 controller.showDownloadDidStartExtractingUpdate();
-            else if (verb == u"extracted")
-                controller.showExtractionReceivedProgress(argument.toDouble());
             else if (verb == u"ready")
                 controller.showReadyToInstallAndRelaunch(reply(argument));
             else if (verb == u"installing")
@@ -39,8 +37,6 @@ struct UpdateScript {
                 controller.showUpdateNotFound({}, acknowledgement(argument));
             else if (verb == u"error")
                 controller.showUpdaterError(words.mid(2).join(u' '), acknowledgement(argument));
-            else if (verb == u"engine-dismisses")
-                controller.dismissUpdateInstallation();
             else if (verb == u"primary")
                 controller.primaryAction();
             else if (verb == u"dismiss")
