@@ -53,6 +53,7 @@ private slots:
     void controlsStoreAndRestyle_data();
     void controlsStoreAndRestyle();
     void keyboardAndReset();
+    void intervalRestartsPolling();
     void checkForUpdatesFollowsTheUpdater_data();
     void checkForUpdatesFollowsTheUpdater();
 
@@ -209,6 +210,18 @@ void SettingsScreenTest::keyboardAndReset()
     QCOMPARE(m_panel->window->property("blur").toDouble(), GlassPreferences::defaultBlur);
 }
 
+void SettingsScreenTest::intervalRestartsPolling()
+{
+    m_panel->model->startPolling();
+    QCOMPARE(m_panel->model->pollingTimer()->interval(), 30'000);
+    clickAt(QStringLiteral("segment-15"), 0.5);
+    const QTimer *timer = m_panel->model->pollingTimer();
+    QVERIFY(timer->isActive());
+    QCOMPARE(timer->interval(), 15'000);
+    // A fresh period from the click, not what was left of the old one.
+    QVERIFY(timer->remainingTime() > 14'000);
+}
+
 void SettingsScreenTest::checkForUpdatesFollowsTheUpdater_data()
 {
     QTest::addColumn<QString>("updater");
@@ -216,6 +229,7 @@ void SettingsScreenTest::checkForUpdatesFollowsTheUpdater_data()
     QTest::addColumn<QString>("note");
 
     QTest::newRow("ready") << "ready" << true << "";
+    QTest::newRow("busy checking") << "busy" << false << "";
     QTest::newRow("managed elsewhere") << "failed" << false << "Updates are managed by your package manager.";
     QTest::newRow("no updater") << "none" << false << "Updates are not available in this build.";
 }
@@ -233,13 +247,15 @@ void SettingsScreenTest::checkForUpdatesFollowsTheUpdater()
         openSettings(m_updates.get());
     } else if (updater == u"none") {
         openSettings(nullptr);
+    } else if (updater == u"busy") {
+        m_updateEngine->setCanCheck(false);
     }
     QQuickItem *button = reveal(QStringLiteral("checkForUpdates"));
     QCOMPARE(button->isEnabled(), enabled);
     QCOMPARE(m_panel->item(QStringLiteral("updatesNote"))->property("detail").toString(), note);
     clickAt(QStringLiteral("checkForUpdates"), 0.5);
-    if (updater == u"ready")
-        QCOMPARE(m_updateEngine->checks(), 1);
+    if (updater == u"ready" || updater == u"busy")
+        QCOMPARE(m_updateEngine->checks(), enabled ? 1 : 0);
 }
 
 QTEST_MAIN(SettingsScreenTest)

@@ -21,7 +21,8 @@ private slots:
     void existingEntry();
     void registerAndUnregister_data();
     void registerAndUnregister();
-    void switchExplainsAFailedWrite();
+    void switchExplainsAFailure_data();
+    void switchExplainsAFailure();
     void portalAnswer_data();
     void portalAnswer();
 
@@ -104,22 +105,41 @@ void LoginItemTest::registerAndUnregister()
     QCOMPARE(item.unregisterItem(), std::nullopt);
 }
 
-// An autostart folder that is a file makes the write fail for real. The build-tree case, where no
-// entry may be written at all, is SettingsScreenTest's.
-void LoginItemTest::switchExplainsAFailedWrite()
+void LoginItemTest::switchExplainsAFailure_data()
 {
-    const QString autostartFolder = QFileInfo(XdgAutostartLoginItem::entryPath()).absolutePath();
-    QDir().mkpath(QFileInfo(autostartFolder).absolutePath());
-    QFile blocker(autostartFolder);
-    QVERIFY(blocker.open(QIODevice::WriteOnly));
-    StartAtLogin login(std::make_unique<XdgAutostartLoginItem>(QStringLiteral("/usr/bin/pitchlark")));
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<QString>("hint");
+    // The reason shown after a failed switch; any text for one in the file system's own words.
+    QTest::addColumn<QString>("reason");
+
+    // clang-format off
+    // This test binary lives in a CMake build tree: no entry may point there.
+    QTest::newRow("no stable path") << XdgAutostartLoginItem::stableExecutablePath()
+        << "Start at Login is unavailable for this build." << "Pitchlark is not installed in a fixed place.";
+    // An autostart folder that is a file makes the write fail for real.
+    QTest::newRow("entry cannot be written") << "/usr/bin/pitchlark" << QString() << QString();
+    // clang-format on
+}
+
+void LoginItemTest::switchExplainsAFailure()
+{
+    QFETCH(QString, program);
+    QFETCH(QString, reason);
+    if (!program.isEmpty()) {
+        const QString autostartFolder = QFileInfo(XdgAutostartLoginItem::entryPath()).absolutePath();
+        QDir().mkpath(QFileInfo(autostartFolder).absolutePath());
+        QFile blocker(autostartFolder);
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+    }
+    StartAtLogin login(std::make_unique<XdgAutostartLoginItem>(program));
     QVERIFY(!login.enabled());
-    QVERIFY(login.statusMessage().value_or(QString()).isEmpty());
+    QTEST(login.statusMessage().value_or(QString()), "hint");
     login.update(true);
     QVERIFY(!login.enabled());
     QVERIFY(!QFile::exists(XdgAutostartLoginItem::entryPath()));
-    // The reason is in the file system's own words.
     QVERIFY(!login.statusMessage().value_or(QString()).isEmpty());
+    if (!reason.isEmpty())
+        QCOMPARE(login.statusMessage(), std::optional(reason));
 }
 
 void LoginItemTest::portalAnswer_data()

@@ -118,6 +118,13 @@ void ModelQueriesTest::orderings()
     for (const APIStadium &stadium : m_model->allStadiumsSorted())
         stadiumOrder.append(stadium.id);
     QCOMPARE(stadiumOrder, QStringList({"x", "1", "2", "10"}));
+    // A stadium's page lists its matches by kick-off.
+    QCOMPARE(ids(m_model->matchesForStadiumID(QStringLiteral("1"))), ids(m_model->allMatches()));
+    QVERIFY(m_model->matchesForStadiumID(QStringLiteral("404")).isEmpty());
+    QStringList teamsByName;
+    for (const APITeam &team : m_model->allTeamsSorted())
+        teamsByName.append(team.nameEn);
+    QCOMPARE(teamsByName.first(2), QStringList({"Canada", "Czechia"}));
 
     // Standings lead with the followed teams' groups, taken by team name, then the rest in order.
     m_model->toggleFavorite(QStringLiteral("6"));

@@ -21,6 +21,7 @@ private slots:
     void modelLoadsWithDefaults_data();
     void modelLoadsWithDefaults();
     void actionsPersist();
+    void glassDragIsWrittenOnceAndItsEndAtOnce();
 };
 
 void SettingsTest::storeTypeRules_data()
@@ -184,6 +185,24 @@ void SettingsTest::actionsPersist()
     QVERIFY(!QJsonDocument::fromJson(ModelFixture::readFile(fixture.settingsPath()))
                  .object()
                  .contains("PinnedLiveMatchID"));
+}
+
+void SettingsTest::glassDragIsWrittenOnceAndItsEndAtOnce()
+{
+    ModelFixture fixture;
+    const auto model = fixture.makeModel();
+    GlassPreferences &glass = model->glass();
+    const auto storedGrain = [&fixture] {
+        return SettingsStore(fixture.settingsPath()).real(QStringLiteral("GlassGrain"));
+    };
+    for (int step = 1; step <= 40; ++step)
+        glass.setGrain(step / 100.0);
+    QCOMPARE(storedGrain(), std::nullopt);
+    QTRY_COMPARE(storedGrain(), std::optional(0.4));
+    // The drag's end is written at once, so a kill right after it loses nothing.
+    glass.setGrain(0.6);
+    glass.save();
+    QCOMPARE(storedGrain(), std::optional(0.6));
 }
 
 QTEST_GUILESS_MAIN(SettingsTest)
