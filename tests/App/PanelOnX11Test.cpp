@@ -9,12 +9,14 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QSignalSpy>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QtQml/QQmlExtensionPlugin>
 
@@ -28,7 +30,8 @@ Q_IMPORT_QML_PLUGIN(Pitchlark_AppPlugin)
 
 // The panel on a real X server (CTest runs it under Xvfb with no window manager; it runs as well on a
 // display where one is running), clicked and typed at with xdotool as a user would, from outside the
-// program, and driven by a tray host on a private session bus.
+// program, and driven by a tray host on a private session bus. The last case starts Debian's kwin_x11
+// when it is installed, for its blur.
 class PanelOnX11Test : public QObject {
     Q_OBJECT
 
@@ -42,6 +45,7 @@ private slots:
     void trayHostDrivesTheProgram();
     void glassWithoutCompositor_data();
     void glassWithoutCompositor();
+    void kwinBlursBehindThePanel();
 
 private:
     QPoint outside() const { return QPoint(200, 450); }
@@ -103,6 +107,17 @@ qsizetype stackingIndex(QWindow *window)
     const qsizetype index = found - children;
     std::free(tree);
     return index;
+}
+
+bool hasProperty(xcb_connection_t *connection, xcb_window_t window, const char *name)
+{
+    xcb_get_property_reply_t *reply = xcb_get_property_reply(
+        connection,
+        xcb_get_property(connection, false, window, atom(connection, name), XCB_GET_PROPERTY_TYPE_ANY, 0, 0),
+        nullptr);
+    const bool present = reply && reply->type != XCB_NONE;
+    std::free(reply);
+    return present;
 }
 
 } // namespace
@@ -292,6 +307,43 @@ void PanelOnX11Test::glassWithoutCompositor()
         QCOMPARE(alphaAt(1), glass);
         QVERIFY2(alphaAt(0) > glass, qPrintable(QString::number(alphaAt(0))));
     }
+}
+
+void PanelOnX11Test::kwinBlursBehindThePanel()
+{
+    const QString kwin = QStandardPaths::findExecutable(QStringLiteral("kwin_x11"));
+    if (kwin.isEmpty())
+        QSKIP("kwin_x11 is not installed (Debian's kwin-x11)");
+    // KWin leaves its blur off by default on a software renderer (Mesa's llvmpipe, here): turn it on.
+    QTemporaryDir config;
+    QFile settings(config.filePath(QStringLiteral("kwinrc")));
+    QVERIFY(settings.open(QIODevice::WriteOnly));
+    settings.write("[Plugins]\nblurEnabled=true\n");
+    settings.close();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), config.path());
+    QProcess windowManager;
+    windowManager.setProcessEnvironment(environment);
+    windowManager.setStandardOutputFile(QProcess::nullDevice());
+    windowManager.setStandardErrorFile(QProcess::nullDevice());
+    windowManager.start(kwin, {QStringLiteral("--replace")});
+    QVERIFY(windowManager.waitForStarted());
+    xcb_connection_t *connection = display();
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    // KWin announces its blur effect on the root window once compositing is up.
+    QTRY_VERIFY_WITH_TIMEOUT(hasProperty(connection, root, "_KDE_NET_WM_BLUR_BEHIND_REGION"), 30'000);
+    QTRY_VERIFY(compositorRuns());
+
+    m_panel->show();
+    QQuickWindow *window = m_panel->window();
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    QVERIFY(window->property("compositorBlurs").toBool());
+    QVERIFY(hasProperty(connection, xcb_window_t(window->winId()), "_KDE_NET_WM_BLUR_BEHIND_REGION"));
+    QVERIFY(window->mask().isEmpty());
+
+    m_panel.reset();
+    windowManager.terminate();
+    QVERIFY(windowManager.waitForFinished(10'000));
 }
 
 QTEST_MAIN(PanelOnX11Test)
