@@ -52,6 +52,7 @@ private slots:
     void cardPinsAndOpensTheMatch();
     void tabbingScrollsTheFocusIntoView();
     void standingsShowTheGroupInOrderAndOpenTeams();
+    void bracketShowsTheKnockoutTree();
     void markupInTheFeedShowsAsText();
     void hiddenScoresShowNowhere_data();
     void hiddenScoresShowNowhere();
@@ -202,6 +203,29 @@ void PanelScreensTest::standingsShowTheGroupInOrderAndOpenTeams()
     const QString leader = table.constFirst();
     m_panel->click(QStringLiteral("standing-") + leader);
     QCOMPARE(m_panel->model->navigation().detailStack(), QList<PanelRoute>{PanelRoute::team(leader)});
+}
+
+void PanelScreensTest::bracketShowsTheKnockoutTree()
+{
+    m_panel.reset();
+    m_panel = std::make_unique<Panel>(Tournament::bundled(), m_engine, nullptr,
+                                      QDateTime(QDate(2026, 6, 28), QTime(6, 0), QTimeZone::utc()));
+    QVERIFY(QTest::qWaitForWindowExposed(m_panel->window));
+    m_panel->model->navigation().setSection(Section::standings);
+    QTRY_VERIFY(m_panel->item(QStringLiteral("segment-knockout")));
+    m_panel->click(QStringLiteral("segment-knockout"));
+    QTRY_VERIFY(m_panel->item(QStringLiteral("roundPicker")));
+
+    // The round of 32 in bracket order, and a game opens its match.
+    const QList<Match> firstRound = m_panel->model->bracket().rounds.constFirst().games;
+    QCOMPARE(firstRound.size(), 16);
+    QTRY_COMPARE(
+        shownInOrder(m_panel->window->contentItem(), QStringLiteral("bracketGame-"), matchIDs(firstRound)),
+        matchIDs(firstRound));
+    const QString first = firstRound.constFirst().id;
+    m_panel->click(QStringLiteral("bracketGame-") + first);
+    QCOMPARE(m_panel->model->navigation().detailStack(), QList<PanelRoute>{PanelRoute::match(first)});
+    QTRY_VERIFY(m_panel->item(QStringLiteral("matchHero")));
 }
 
 void PanelScreensTest::markupInTheFeedShowsAsText()
