@@ -14,6 +14,7 @@ Item {
     readonly property int todayIndex: 3
     readonly property int tileWidth: 44
     readonly property int tileHeight: 56
+    readonly property int edgeFadeWidth: 28
 
     function choose(key) {
         model.navigation.selectedTeamFilterID = "";
@@ -30,6 +31,9 @@ Item {
         spacing: 4
         clip: true
         boundsBehavior: Flickable.StopAtBounds
+        // Days out of sight fade at the edge they lie beyond, so the strip reads as one to scroll.
+        layer.enabled: true
+        layer.effect: AlphaMask { maskSource: edgeFade }
         model: strip.keys
         currentIndex: strip.keys.indexOf(strip.model.navigation.selectedDate)
         highlightFollowsCurrentItem: false
@@ -86,6 +90,22 @@ Item {
                     color: tile.today ? Theme.accent : "transparent"
                 }
             }
+        }
+    }
+    Rectangle {
+        id: edgeFade
+        readonly property real leftFade: days.atXBeginning ? 0 : strip.edgeFadeWidth / Math.max(1, width)
+        readonly property real rightFade: days.atXEnd ? 0 : strip.edgeFadeWidth / Math.max(1, width)
+
+        anchors.fill: days
+        visible: false
+        layer.enabled: true
+        gradient: Gradient {
+            orientation: Gradient.Horizontal
+            GradientStop { position: 0; color: edgeFade.leftFade > 0 ? "transparent" : "black" }
+            GradientStop { position: edgeFade.leftFade; color: "black" }
+            GradientStop { position: 1 - edgeFade.rightFade; color: "black" }
+            GradientStop { position: 1; color: edgeFade.rightFade > 0 ? "transparent" : "black" }
         }
     }
 }
