@@ -12,6 +12,7 @@ class ModelQueriesTest : public QObject {
 private slots:
     void init();
     void orderings();
+    void teamDetail();
     void trayTitle_data();
     void trayTitle();
     void contestedKickoffs();
@@ -129,6 +130,27 @@ void ModelQueriesTest::orderings()
     // Standings lead with the followed teams' groups, taken by team name, then the rest in order.
     m_model->toggleFavorite(QStringLiteral("6"));
     QCOMPARE(m_model->groupsByInterest().mid(0, 3), QStringList({"C", "A", "B"}));
+}
+
+void ModelQueriesTest::teamDetail()
+{
+    const TeamDetailState southAfrica = m_model->teamDetailState(QStringLiteral("2"));
+    QCOMPARE(southAfrica.summary.name, QStringLiteral("South Africa"));
+    QCOMPARE(southAfrica.group, std::optional<QString>("A"));
+    QCOMPARE(southAfrica.standing->position, 2);
+    QCOMPARE(southAfrica.groupStanding->standings.size(), 3);
+    QCOMPARE(ids(southAfrica.matches), QStringList({"1", "4"}));
+    QCOMPARE(southAfrica.nextMatch->id, QStringLiteral("1"));
+    QVERIFY(!southAfrica.latestResult);
+
+    const TeamDetailState korea = m_model->teamDetailState(QStringLiteral("3"));
+    QCOMPARE(korea.nextMatch->id, QStringLiteral("2")); // a live match is the next one
+    QCOMPARE(korea.latestResult->id, QStringLiteral("10"));
+
+    const TeamDetailState unknown = m_model->teamDetailState(QStringLiteral("99"));
+    QCOMPARE(unknown.summary.name, QStringLiteral("Team 99"));
+    QVERIFY(unknown.summary.code.isEmpty() && unknown.summary.flagURL.isEmpty());
+    QVERIFY(!unknown.group && !unknown.standing && unknown.matches.isEmpty());
 }
 
 void ModelQueriesTest::trayTitle_data()
